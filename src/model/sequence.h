@@ -1,0 +1,29 @@
+// The recorded sequence: up to 255 steps, each a full scene with its hold and blend time.
+#pragma once
+
+#include <cstdint>
+
+namespace quorvane {
+
+constexpr int MaxRecordedSteps = 250; // the editor's limit
+constexpr int MaxLoadedSteps = 254;   // a file's limit
+constexpr int DefaultHold = 1;        // ticks
+constexpr int DefaultBlend = 50;      // ticks
+
+// Times of a step in ticks of 50 ms, 0..65535: the signed store is read as unsigned.
+int HoldOf(int step);
+int BlendOf(int step);
+void SetHold(int step, int ticks); // stored modulo 65536
+void SetBlend(int step, int ticks);
+
+// The same as a transition uses them: divided by the turbo factor, hold at least 1 and blend at least 5
+// or the blend time itself when that is shorter. Factor 1 gives the times as they stand.
+int TurboHoldOf(int step);
+int TurboBlendOf(int step);
+
+// The sequencer window's step, blend and hold field take the values of CurrentStep.
+void ShowStepFields();
+// Copies the values of CurrentStep into the live levels of elements 1..ElementCount and repaints them.
+void CopyStepToWall();
+
+} // namespace quorvane

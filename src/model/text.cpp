@@ -1,0 +1,92 @@
+#include "model/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace quorvane {
+
+namespace {
+
+// Bytes 10xxxxxx carry on the character that an earlier byte began.
+bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
+
+std::string Digits(std::uint64_t number, int base) {
+    std::array<char, 24> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, base).ptr;
+    return std::string(digits.data(), end);
+}
+
+} // namespace
+
+TickText& TickText::operator<<(std::string_view text) {
+    const auto taken = std::min(text.size(), sizeof buffer - length);
+    std::copy_n(text.data(), taken, buffer + length);
+    length += taken;
+    return *this;
+}
+
+TickText& TickText::operator<<(int number) {
+    std::array<char, 12> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    return *this << std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data()));
+}
+
+std::string Decimal(std::int64_t number) { return std::to_string(number); }
+
+std::string Hexadecimal(std::uint32_t number) { return UpperCase(Digits(number, 16)); }
+
+std::int32_t TypedNumber(std::string_view text) {
+    std::string number; // the part that counts, without blanks
+    bool fraction = false;
+    for (const char c : text) {
+        if (c == ' ' || c == '\t') continue;
+        const bool sign = (c == '-' || c == '+') && number.empty();
+        const bool point = c == '.' && !fraction;
+        if (!sign && !point && (c < '0' || c > '9')) break;
+        fraction = fraction || point;
+        number += c;
+    }
+    if (!number.empty() && number.front() == '+') number.erase(0, 1);
+    double value = 0;
+    std::from_chars(number.data(), number.data() + number.size(), value);
+    constexpr double least = std::numeric_limits<std::int32_t>::min();
+    constexpr double most = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(RoundHalfEven(std::clamp(value, least, most)));
+}
+
+std::string Padded20(std::string_view text) {
+    constexpr int width = 20;
+    int characters = 0;
+    std::size_t end = 0;
+    for (; end < text.size(); ++end)
+        if (StartsCharacter(text[end]) && ++characters > width) return std::string(text.substr(0, end));
+    return std::string(text) + std::string(static_cast<std::size_t>(width - characters), ' ');
+}
+
+std::string_view TrimmedRight(std::string_view text) {
+    const auto last = text.find_last_not_of(' ');
+    return last == std::string_view::npos ? std::string_view{} : text.substr(0, last + 1);
+}
+
+std::string_view Trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string upper(text);
+    for (char& c : upper)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return upper;
+}
+
+std::int32_t RoundHalfEven(float value) { return static_cast<std::int32_t>(std::lrint(value)); }
+
+std::int64_t RoundHalfEven(double value) { return std::llrint(value); }
+
+} // namespace quorvane
