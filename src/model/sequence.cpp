@@ -13,11 +13,6 @@ namespace {
 
 constexpr int ShortestTurboBlend = 5; // ticks
 
-void ShowField(int field, int number) {
-    Show.SequencerField[field] = Decimal(number);
-    Screen.SequencerField(field, Show.SequencerField[field]);
-}
-
 } // namespace
 
 int HoldOf(int step) { return static_cast<std::uint16_t>(Show.SequenceTimes[step][HoldTime]); }
@@ -38,10 +33,15 @@ int TurboBlendOf(int step) {
     return std::max(std::min(ShortestTurboBlend, blend), blend / Show.TurboFactor);
 }
 
+void ShowSequencerField(int field, std::string_view text) {
+    Show.SequencerField[field] = text;
+    Screen.SequencerField(field, Show.SequencerField[field]);
+}
+
 void ShowStepFields() {
-    ShowField(0, Show.CurrentStep);
-    ShowField(1, BlendOf(Show.CurrentStep));
-    ShowField(2, HoldOf(Show.CurrentStep));
+    ShowSequencerField(0, TickText{} << Show.CurrentStep);
+    ShowSequencerField(1, TickText{} << BlendOf(Show.CurrentStep));
+    ShowSequencerField(2, TickText{} << HoldOf(Show.CurrentStep));
 }
 
 void CopyStepToWall() {

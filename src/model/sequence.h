@@ -1,7 +1,7 @@
 // The recorded sequence: up to 255 steps, each a full scene with its hold and blend time.
 #pragma once
 
-#include <cstdint>
+#include <string_view>
 
 namespace quorvane {
 
@@ -21,6 +21,8 @@ void SetBlend(int step, int ticks);
 int TurboHoldOf(int step);
 int TurboBlendOf(int step);
 
+// A field of the sequencer window (0 step, 1 blend time, 2 hold time, 3 turbo factor) takes a text.
+void ShowSequencerField(int field, std::string_view text);
 // The sequencer window's step, blend and hold field take the values of CurrentStep.
 void ShowStepFields();
 // Copies the values of CurrentStep into the live levels of elements 1..ElementCount and repaints them.
