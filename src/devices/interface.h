@@ -8,6 +8,8 @@
 namespace quorvane {
 
 // Opens the interface of the given type (0..5) and marks it in InterfaceOpen. Types 4 and 5 need nothing.
+// The output clock stands still while an ISA card boots; it goes on afterwards when the card was opened.
+// A second instance of the program opens nothing.
 void OpenPort(std::int16_t type);
 void ClosePort(std::int16_t type);
 // Stops the output and clears what belongs to the type. InterfaceType keeps the selected type on purpose.
@@ -18,18 +20,21 @@ bool InterfaceReady(std::int16_t type);
 // Enables AutoXmit, except while a transfer to the play unit runs: its end enables it then.
 void EnableOutputClock();
 
-// Waits half a second, letting the user interface run.
-void delay();
+// Waits half a second, letting the user interface run. False, at once, when the program is being closed.
+bool delay();
 
 // The stored interface type, 0 when it is no number or outside 0..5.
 std::int16_t StoredInterfaceType();
-// OK of the select dialog: makes type the chosen one, active when it was found, and stores it.
+// OK of the select dialog: makes type the chosen one, active when it was found, and stores it. An ISA
+// card on which the search has meanwhile tried the other type is opened again. Output of types 3 to 5
+// begins here, that of ISA cards with DMX Start.
 void ChooseInterface(std::int16_t type);
 
-// Tries every interface in turn; true when the select dialog is to be shown then. In a second instance
-// it tells the user, closes everything and gives false.
+// Tries every interface in turn; true when the select dialog is to be shown then, false when the program
+// was closed meanwhile. In a second instance it tells the user, closes everything and gives false.
 bool InitialiseInterfaces();
-// The second instance's own part of that: message, menu entries off, ports closed.
+// The second instance's own part of that, which is also its start: message, menu entries off, ports
+// closed, no interface for this run. The stored type is left alone.
 void DisableSecondInstance();
 void mnuDMXStart_Click(); // ISA cards only: start strobe, clock on
 void mnuDMXStop_Click();  // ISA cards only: clock off, stop strobe
