@@ -1,5 +1,7 @@
 #include "model/text.h"
 
+#include "platform/host.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -50,20 +52,23 @@ std::int32_t TypedNumber(std::string_view text) {
         number += c;
     }
     if (!number.empty() && number.front() == '+') number.erase(0, 1);
-    double value = 0;
-    std::from_chars(number.data(), number.data() + number.size(), value);
     constexpr double least = std::numeric_limits<std::int32_t>::min();
     constexpr double most = std::numeric_limits<std::int32_t>::max();
+    double value = 0;
+    const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+    const bool whole = number.find_first_of("123456789") < number.find('.');
+    if (read.ec == std::errc::result_out_of_range && whole) value = number.front() == '-' ? least : most;
     return static_cast<std::int32_t>(RoundHalfEven(std::clamp(value, least, most)));
 }
 
-std::string Padded20(std::string_view text) {
+std::string Padded20(std::string_view name) {
     constexpr int width = 20;
+    const std::string text = Host.ComposeText(name);
     int characters = 0;
     std::size_t end = 0;
     for (; end < text.size(); ++end)
-        if (StartsCharacter(text[end]) && ++characters > width) return std::string(text.substr(0, end));
-    return std::string(text) + std::string(static_cast<std::size_t>(width - characters), ' ');
+        if (StartsCharacter(text[end]) && ++characters > width) return text.substr(0, end);
+    return text + std::string(static_cast<std::size_t>(width - characters), ' ');
 }
 
 std::string_view TrimmedRight(std::string_view text) {

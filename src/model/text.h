@@ -31,8 +31,9 @@ std::string Hexadecimal(std::uint32_t number);
 // within the range of the result.
 std::int32_t TypedNumber(std::string_view text);
 
-// Exactly 20 characters (code points, never bytes): cut, or padded with blanks on the right.
-std::string Padded20(std::string_view text);
+// Exactly 20 characters (code points of the composed text, never bytes): cut, or padded with blanks on
+// the right.
+std::string Padded20(std::string_view name);
 // Without the blanks at its right end, as padded names are displayed.
 std::string_view TrimmedRight(std::string_view text);
 // Without blanks and tabs at either end.
