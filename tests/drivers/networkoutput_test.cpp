@@ -1,0 +1,454 @@
+// The built-in output, heard by a socket on loopback. The time is moved by hand; only one test waits for
+// the event loop, to see that it calls the service at all.
+#include "drivers/network_identity.h"
+#include "drivers/network_output.h"
+
+#include <QFile>
+#include <QNetworkDatagram>
+#include <QNetworkInterface>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#ifdef Q_OS_LINUX
+#include <sys/resource.h>
+#endif
+
+using namespace quorvane;
+
+namespace {
+
+constexpr Cid TestCid = {0xC1, 0xD0, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+
+// Where the fields stand that these tests look at.
+constexpr int SacnPriority = 108, SacnSequence = 111, SacnOptions = 112, SacnUniverseLow = 114,
+              SacnChannel1 = 126;
+constexpr int ArtNetSequence = 12, ArtNetChannel1 = 18;
+
+int Byte(const QByteArray& packet, int at) { return static_cast<unsigned char>(packet[at]); }
+
+QNetworkInterface Loopback() {
+    for (const QNetworkInterface& card : QNetworkInterface::allInterfaces())
+        if (card.flags().testFlag(QNetworkInterface::IsLoopBack)) return card;
+    return {};
+}
+
+} // namespace
+
+class NetworkOutputTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QUdpSocket> receiver;
+    std::vector<std::string> reports;
+    std::int64_t now = 0; // milliseconds
+    std::array<std::uint8_t, 512> frame{};
+
+    std::unique_ptr<NetworkOutput> MakeOutput(const OutputSettings& settings = {}) {
+        return std::make_unique<NetworkOutput>(
+            settings, TestCid,
+            NetworkOutput::Surroundings{
+                .Report = [this](std::string_view text) { reports.emplace_back(text); },
+                .Seconds = [this] { return static_cast<double>(now) / 1000.0; },
+                .Port = receiver->localPort()});
+    }
+
+    static OutputSettings ArtNet() {
+        OutputSettings settings;
+        settings.Protocol = OutputProtocol::ArtNet;
+        settings.Universe = 0;
+        return settings;
+    }
+
+    // As the program initialises a USB interface, and as its clock sends a frame.
+    static int Initialise(NetworkOutput& output) {
+        std::uint8_t byte = 0;
+        output.HardCommand(2, 0, &byte);
+        const int kind = output.HardCommand(1, 0, &byte);
+        output.HardCommand(3, 0, &byte);
+        return kind;
+    }
+
+    int Send(NetworkOutput& output, std::uint8_t level) {
+        frame.fill(level);
+        std::uint8_t byte = 0;
+        output.HardCommand(5, 0, &byte);
+        return output.HardCommand(4, 512, frame.data());
+    }
+
+    // What has arrived since the last call. A packet to loopback is there when its send call returns.
+    std::vector<QByteArray> Received() {
+        std::vector<QByteArray> packets;
+        while (receiver->hasPendingDatagrams()) packets.push_back(receiver->receiveDatagram().data());
+        return packets;
+    }
+
+    // Time goes by in steps as the event loop would take them.
+    void Pass(NetworkOutput& output, int milliseconds) {
+        for (const std::int64_t end = now + milliseconds; now < end;) {
+            now += 10;
+            output.Service();
+        }
+    }
+
+private slots:
+    void init() {
+        receiver = std::make_unique<QUdpSocket>();
+        QVERIFY(receiver->bind(QHostAddress(QHostAddress::LocalHost), 0));
+        reports.clear();
+        now = 1'000'000;
+    }
+
+    void OpenAnswersTheSecondUsbModel() {
+        const auto output = MakeOutput();
+        QCOMPARE(Initialise(*output), 10);
+        QVERIFY(Received().empty());
+        QVERIFY(reports.empty());
+    }
+
+    void OpenAnswersNotFoundWhenNoOutputIsWanted() {
+        OutputSettings settings;
+        settings.Protocol = OutputProtocol::None;
+        const auto output = MakeOutput(settings);
+        QCOMPARE(Initialise(*output), 0);
+        QCOMPARE(Send(*output, 1), 0);
+        QVERIFY(Received().empty());
+    }
+
+    void FrameLeavesAsSacnWithTheValuesOfTheSettings() {
+        OutputSettings settings;
+        settings.Universe = 7;
+        settings.Priority = 150;
+        settings.SourceName = "Pult";
+        const auto output = MakeOutput(settings);
+        Initialise(*output);
+        QCOMPARE(Send(*output, 42), 1);
+        const auto packets = Received();
+        QCOMPARE(packets.size(), 1U);
+        QCOMPARE(packets[0].size(), 638);
+        QCOMPARE(Byte(packets[0], 22), 0xC1);
+        QCOMPARE(packets[0].mid(44, 5), QByteArray("Pult\0", 5));
+        QCOMPARE(Byte(packets[0], SacnPriority), 150);
+        QCOMPARE(Byte(packets[0], SacnOptions), 0);
+        QCOMPARE(Byte(packets[0], SacnUniverseLow), 7);
+        QCOMPARE(packets[0].mid(SacnChannel1), QByteArray(512, 42));
+    }
+
+    void FrameLeavesAsArtDmx() {
+        const auto output = MakeOutput(ArtNet());
+        Initialise(*output);
+        Send(*output, 42);
+        const auto packets = Received();
+        QCOMPARE(packets.size(), 1U);
+        QCOMPARE(packets[0].left(10), QByteArray("Art-Net\0\0\x50", 10));
+        QCOMPARE(packets[0].mid(ArtNetChannel1), QByteArray(512, 42));
+    }
+
+    void CommandsOutsideTheirPlaceDoNothing() {
+        const auto output = MakeOutput();
+        QCOMPARE(Send(*output, 1), 0); // not open yet
+        Initialise(*output);
+        QCOMPARE(output->HardCommand(4, 512, nullptr), 0);
+        QCOMPARE(output->HardCommand(4, 0, frame.data()), 0);
+        QCOMPARE(output->HardCommand(4, -1, frame.data()), 0);
+        QCOMPARE(output->HardCommand(9, 0, frame.data()), 0);
+        QVERIFY(Received().empty());
+        QCOMPARE(output->HardCommand(4, 100000, frame.data()), 1); // no more than 512 are read
+        QCOMPARE(Received().size(), 1U);
+    }
+
+    void SequenceNumbersRunOnOverCloseAndOpen() {
+        const auto output = MakeOutput();
+        int previous = -1;
+        for (int count = 0; count < 600; ++count) {
+            if (count % 50 == 0) Initialise(*output);
+            Send(*output, 1);
+            const auto packets = Received();
+            QCOMPARE(packets.size(), 1U);
+            if (previous >= 0) QCOMPARE(Byte(packets[0], SacnSequence), (previous + 1) % 256);
+            previous = Byte(packets[0], SacnSequence);
+        }
+    }
+
+    void ArtNetSequenceLeavesOutZero() {
+        const auto output = MakeOutput(ArtNet());
+        Initialise(*output);
+        int expected = 0;
+        for (int count = 0; count < 600; ++count) {
+            expected = expected % 255 + 1;
+            Send(*output, 1);
+            QCOMPARE(Byte(Received().at(0), ArtNetSequence), expected);
+        }
+    }
+
+    void CloseFollowedByOpenDoesNotTouchTheLamps() {
+        const auto output = MakeOutput();
+        Initialise(*output);
+        Send(*output, 200);
+        Received();
+        for (int round = 0; round < 3; ++round) {
+            Initialise(*output);
+            QVERIFY(Received().empty());
+        }
+        Send(*output, 201);
+        const auto packets = Received();
+        QCOMPARE(packets.size(), 1U);
+        QCOMPARE(Byte(packets[0], SacnOptions), 0);
+        QCOMPARE(Byte(packets[0], SacnChannel1), 201);
+    }
+
+    void LateReopeningKeepsTheStreamToo() {
+        const auto output = MakeOutput();
+        Initialise(*output);
+        Send(*output, 200);
+        output->HardCommand(2, 0, nullptr);
+        Pass(*output, 1900); // an initialisation that searches for ISA cards takes a while
+        for (const QByteArray& packet : Received()) {
+            QCOMPARE(Byte(packet, SacnOptions), 0);
+            QCOMPARE(Byte(packet, SacnChannel1), 200);
+        }
+        output->HardCommand(1, 0, nullptr);
+        Pass(*output, 5000);
+        for (const QByteArray& packet : Received()) QCOMPARE(Byte(packet, SacnOptions), 0);
+    }
+
+    void CloseThatStaysEndsTheStreamOnce() {
+        const auto output = MakeOutput();
+        Initialise(*output);
+        Send(*output, 200);
+        Received();
+        output->HardCommand(2, 0, nullptr);
+        QCOMPARE(Send(*output, 1), 0);
+        Pass(*output, 10000);
+        std::vector<int> options, sequence;
+        for (const QByteArray& packet : Received()) {
+            options.push_back(Byte(packet, SacnOptions));
+            sequence.push_back(Byte(packet, SacnSequence));
+        }
+        // Kept alive at 0.8 and 1.6 seconds, ended at 2.
+        QCOMPARE(options, (std::vector<int>{0, 0, 0x40, 0x40, 0x40}));
+        QCOMPARE(sequence, (std::vector<int>{2, 3, 4, 5, 6}));
+    }
+
+    void EndOfTheProgramEndsTheStreamAtOnce() {
+        auto output = MakeOutput();
+        Initialise(*output);
+        Send(*output, 200);
+        Received();
+        output->HardCommand(2, 0, nullptr);
+        output.reset();
+        const auto packets = Received();
+        QCOMPARE(packets.size(), 3U);
+        for (const QByteArray& packet : packets) QCOMPARE(Byte(packet, SacnOptions), 0x40);
+    }
+
+    void FinishingTwiceEndsTheStreamOnce() {
+        auto output = MakeOutput();
+        Initialise(*output);
+        Send(*output, 200);
+        Received();
+        output->Finish();
+        output->Finish();
+        output.reset();
+        QCOMPARE(Received().size(), 3U);
+    }
+
+    void StreamWithoutAFrameEndsInSilence() {
+        auto output = MakeOutput();
+        Initialise(*output);
+        Pass(*output, 5000);
+        output.reset();
+        QVERIFY(Received().empty());
+    }
+
+    void ArtNetEndsInSilence() {
+        auto output = MakeOutput(ArtNet());
+        Initialise(*output);
+        Send(*output, 200);
+        Received();
+        output.reset();
+        QVERIFY(Received().empty());
+    }
+
+    void OpenAfterTheEndStartsANewStream() {
+        const auto output = MakeOutput();
+        Initialise(*output);
+        Send(*output, 200);
+        output->Finish();
+        Received();
+        Initialise(*output);
+        Pass(*output, 2000);
+        QVERIFY(Received().empty()); // the old frame does not come back
+        Send(*output, 5);
+        const auto packets = Received();
+        QCOMPARE(packets.size(), 1U);
+        QCOMPARE(Byte(packets[0], SacnOptions), 0);
+        QCOMPARE(Byte(packets[0], SacnSequence), 5); // 1 frame, 3 ends, this one
+    }
+
+    void StillStreamIsKeptAliveEvery800To1000Milliseconds_data() {
+        QTest::addColumn<bool>("artNet");
+        QTest::newRow("sACN") << false;
+        QTest::newRow("Art-Net") << true;
+    }
+
+    void StillStreamIsKeptAliveEvery800To1000Milliseconds() {
+        QFETCH(bool, artNet);
+        const auto output = MakeOutput(artNet ? ArtNet() : OutputSettings{});
+        Initialise(*output);
+        Send(*output, 77);
+        Received();
+        std::int64_t last = now;
+        for (int count = 2; count < 12; ++count) {
+            std::vector<QByteArray> packets;
+            while (packets.empty() && now < last + 2000) {
+                Pass(*output, 10);
+                packets = Received();
+            }
+            QCOMPARE(packets.size(), 1U);
+            QVERIFY2(now - last >= 800 && now - last <= 1000, qPrintable(QString::number(now - last)));
+            QCOMPARE(Byte(packets[0], artNet ? ArtNetSequence : SacnSequence), count);
+            QCOMPARE(Byte(packets[0], artNet ? ArtNetChannel1 : SacnChannel1), 77);
+            last = now;
+        }
+    }
+
+    void RunningStreamGetsNoAdditionalFrames() {
+        const auto output = MakeOutput();
+        Initialise(*output);
+        for (int tick = 0; tick < 100; ++tick) {
+            Send(*output, 1);
+            Pass(*output, 50);
+        }
+        QCOMPARE(Received().size(), 100U);
+    }
+
+    void EventLoopKeepsTheStreamAlive() {
+        const auto output = MakeOutput();
+        Initialise(*output);
+        Send(*output, 77);
+        Received();
+        now += 10'000;
+        QTRY_VERIFY(receiver->hasPendingDatagrams());
+        QCOMPARE(Byte(Received().at(0), SacnChannel1), 77);
+    }
+
+    void MissingNetworkCardIsReportedOnceAndTheShowGoesOn() {
+        OutputSettings settings;
+        settings.NetworkCard = "keine0";
+        const auto output = MakeOutput(settings);
+        QCOMPARE(Initialise(*output), 10);
+        for (int tick = 0; tick < 200; ++tick) {
+            QCOMPARE(Send(*output, 1), 0);
+            Pass(*output, 50);
+        }
+        QVERIFY(Received().empty());
+        QCOMPARE(reports, (std::vector<std::string>{
+                              "DMX-Ausgabe: Das Netzwerk ist nicht erreichbar (die Netzwerkkarte fehlt). "
+                              "Die Ausgabe setzt von selbst wieder ein. Netzwerkkarte: keine0"}));
+    }
+
+    void UnreachableAddressIsReportedOnce() {
+        OutputSettings settings;
+        settings.NetworkCard = Loopback().name().toStdString();
+        settings.Address = "192.0.2.1"; // an address that no house has, and not behind this card
+        const auto output = MakeOutput(settings);
+        QCOMPARE(Initialise(*output), 10);
+        for (int tick = 0; tick < 100; ++tick) {
+            Send(*output, 1);
+            Pass(*output, 50);
+        }
+        QCOMPARE(reports.size(), 1U);
+    }
+
+    void FramesGoThroughTheChosenCard() {
+        OutputSettings settings;
+        settings.NetworkCard = Loopback().humanReadableName().toStdString();
+        const auto output = MakeOutput(settings);
+        Initialise(*output);
+        QCOMPARE(Send(*output, 9), 1);
+        QCOMPARE(Received().size(), 1U);
+        QVERIFY(reports.empty());
+    }
+
+    void MulticastReachesTheGroupOfTheUniverse() {
+        OutputSettings settings;
+        settings.Delivery = OutputDelivery::Multicast;
+        settings.Universe = 0x0102;
+        const QNetworkInterface loopback = Loopback();
+        settings.NetworkCard = loopback.name().toStdString();
+        receiver->close();
+        QVERIFY(receiver->bind(QHostAddress(QHostAddress::AnyIPv4), 0));
+        QVERIFY(receiver->joinMulticastGroup(QHostAddress(QStringLiteral("239.255.1.2")), loopback));
+        const auto output = MakeOutput(settings);
+        Initialise(*output);
+        QCOMPARE(Send(*output, 9), 1);
+        QVERIFY(receiver->hasPendingDatagrams());
+        const QNetworkDatagram datagram = receiver->receiveDatagram();
+        QCOMPARE(datagram.destinationAddress(), QHostAddress(QStringLiteral("239.255.1.2")));
+        QCOMPARE(Byte(datagram.data(), SacnChannel1), 9);
+    }
+
+#ifdef Q_OS_LINUX
+    // The system is made to refuse sockets for a while, as it does when a network goes away.
+    void LostNetworkIsPickedUpAgainByItself() {
+        const auto output = MakeOutput();
+        rlimit files{};
+        QCOMPARE(getrlimit(RLIMIT_NOFILE, &files), 0);
+        rlimit none = files;
+        none.rlim_cur = 0;
+        QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
+        const int kind = Initialise(*output);
+        int sent = 0;
+        for (int tick = 0; tick < 100; ++tick) {
+            sent += Send(*output, 1);
+            Pass(*output, 50);
+        }
+        setrlimit(RLIMIT_NOFILE, &files);
+        QCOMPARE(kind, 10);
+        QCOMPARE(sent, 0);
+        QCOMPARE(reports.size(), 1U);
+        QVERIFY(reports[0].starts_with("DMX-Ausgabe: Das Netzwerk ist nicht erreichbar ("));
+        for (int tick = 0; tick < 41; ++tick) { // within two seconds
+            Send(*output, 88);
+            Pass(*output, 50);
+        }
+        const auto packets = Received();
+        QVERIFY(!packets.empty());
+        QCOMPARE(Byte(packets.back(), SacnChannel1), 88);
+        QCOMPARE(reports.size(), 2U);
+        QCOMPARE(reports[1], std::string("DMX-Ausgabe: Das Netzwerk ist wieder da."));
+    }
+#endif
+
+    void IdentityIsMadeOnceAndKept() {
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("a/b/sender.id"));
+        const Cid first = StableCid(file);
+        QVERIFY(first != Cid{});
+        QCOMPARE(StableCid(file), first);
+        QVERIFY(StableCid(folder.filePath(QStringLiteral("other.id"))) != first);
+    }
+
+    void DamagedIdentityFileGivesANewOne() {
+        QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("sender.id")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("rubbish");
+        file.close();
+        const Cid made = StableCid(file.fileName());
+        QVERIFY(made != Cid{});
+        QCOMPARE(StableCid(file.fileName()), made);
+    }
+
+    void IdentityIsTheSameAtEveryStartWhereNothingCanBeWritten() {
+        const QString nowhere = QStringLiteral("/dev/null/sender.id");
+        QVERIFY(StableCid(nowhere) != Cid{});
+        QCOMPARE(StableCid(nowhere), StableCid(nowhere));
+    }
+};
+
+QTEST_GUILESS_MAIN(NetworkOutputTest)
+#include "networkoutput_test.moc"
