@@ -1,6 +1,7 @@
 #include "bench/bench.h"
 
 #include "model/wall.h"
+#include "platform/programfolder.h"
 
 #include <fstream>
 #include <random>
@@ -117,13 +118,13 @@ void Bench::MakeWall(int columns, int rows) {
 }
 
 void Bench::Write(const std::string& name, const std::string& bytes) {
-    const auto path = ProgramFolder / name;
+    const auto path = ProgramFolder / PathOf(name);
     std::filesystem::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
 std::string Bench::Read(const std::string& name) const {
-    std::ifstream file(ProgramFolder / name, std::ios::binary);
+    std::ifstream file(ProgramFolder / PathOf(name), std::ios::binary);
     std::ostringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();
