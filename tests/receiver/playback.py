@@ -136,9 +136,6 @@ class Follower:
             self.at = index
             index += 1
 
-    def round_done(self):
-        return self.at is not None and self.at >= len(self.ticks)
-
 
 def difference(expected, found):
     """The first channels in which two frames differ."""

@@ -54,7 +54,7 @@ def shorten_times(sequence):
     begin = raw.upper().index(b"[HOLDBLEND]") + len(b"[HOLDBLEND]")
     end = raw.upper().index(b"[SELECTIONS]")
     count = len(raw[begin:end].split(b",")) // 2
-    times = b",".join(b" %d, %d" % (2 + step % 3, 5 + step % 4) for step in range(count))
+    times = b",".join(b" %d, %d" % (1 + step % 2, 5 + step % 3) for step in range(count))
     sequence.write_bytes(raw[:begin] + b"\r\n" + times + b"\r\n" + raw[end:])
 
 
@@ -84,12 +84,13 @@ def start_program(program, work, folder):
     return subprocess.Popen([program, "--program-folder", str(folder)], env=environment)
 
 
-def follow(ola, universe, ticks, process):
+def follow(ola, universe, ticks, process, steps):
+    """Looks at the receiver until it has shown that many steps."""
     follower = playback.Follower(ticks)
     end = time.monotonic() + 30 + len(ticks) * 0.05 * 2
-    while not follower.round_done():
+    while len(follower.seen) < steps:
         check(process.poll() is None, f"the program ended by itself ({process.poll()})")
-        check(time.monotonic() < end, f"one round takes too long; seen up to step {(follower.seen or [0])[-1]}")
+        check(time.monotonic() < end, f"{steps} steps take too long; seen: {follower.seen}")
         levels = ola.levels(universe)
         if levels:
             complaint = follower.look(levels)
@@ -98,29 +99,30 @@ def follow(ola, universe, ticks, process):
     return follower
 
 
-def compare(ola, process, recorder, name, show):
-    """Follows one round of a show that a process plays, then ends it and looks at its packets."""
+def compare(ola, start, packets, name, show, longest=None):
+    """Follows a round of a show that a process plays, or its first steps, and looks at the packets."""
     protocol, universe = PROTOCOLS[name]
     ticks = show.round()
+    recorder = house.Recorder(packets)
+    process = start()
     try:
-        follower = follow(ola, universe, ticks, process)
+        expected = [*range(1, show.step_count + 1), 1][:longest]
+        follower = follow(ola, universe, ticks, process, len(expected))
     finally:
         process.terminate()
         process.wait()
         recorder.close()
-    expected = [*range(1, show.step_count + 1), 1]
-    missing = sorted(set(expected) - set(follower.seen))
-    check(follower.seen == expected, f"steps whose hold was not seen: {missing}, order {follower.seen}")
+    check(follower.seen[:len(expected)] == expected, f"steps are missing or out of order: {follower.seen}")
     check_packets(name, recorder, universe, "Quorvane")
-    print(f"{protocol}: {show.step_count} steps in {len(ticks)} ticks followed, {follower.passed} ticks between two "
+    print(f"{protocol}: {len(expected)} steps followed of a sequence of {show.step_count}, {follower.passed} ticks between two "
           f"looks, {len(recorder.packets)} packets well formed", flush=True)
 
 
 def play_demo(program, demo, ola, work, name):
     work.mkdir()
     show = prepare_folder(demo, work / "folder", *PROTOCOLS[name])
-    recorder = house.Recorder(work / "packets.pcap")
-    compare(ola, start_program(program, work, work / "folder"), recorder, name, show)
+    longest = None if name == "sacn" else 40  # one whole round is enough: both take their levels from one place
+    compare(ola, lambda: start_program(program, work, work / "folder"), work / "packets.pcap", name, show, longest)
 
 
 # ---- what tshark says
@@ -166,8 +168,7 @@ def play_at_receiver(player, ola, work, name):
     protocol, universe = PROTOCOLS[name]
     write_settings(work, Protokoll=protocol, Universum=universe)
     (work / "frames").write_bytes(b"".join(frame for frame, _ in show.round()) * 3)
-    recorder = house.Recorder(work / "packets.pcap")
-    compare(ola, subprocess.Popen([player, work, work / "frames"]), recorder, name, show)
+    compare(ola, lambda: subprocess.Popen([player, work, work / "frames"]), work / "packets.pcap", name, show)
 
 
 def play_frames(player, work, frames, **settings):
