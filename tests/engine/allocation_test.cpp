@@ -104,7 +104,7 @@ constexpr std::int16_t EveryType[] = {NoInterface, IsaCardB, IsaCardC, UsbInterf
 TEST_F(Allocation, IsCounted) {
     counting = true;
     allocations = 0;
-    const std::vector<int> vector(1000);
+    Show.IniPath = std::string(1000, 'x');
     counting = false;
     EXPECT_EQ(allocations, 1);
 }
