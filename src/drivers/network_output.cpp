@@ -55,6 +55,7 @@ NetworkOutput::NetworkOutput(const OutputSettings& theSettings, const Cid& cid, 
     : settings(theSettings), surroundings(Completed(std::move(theSurroundings), theSettings.Protocol)),
       destination(Destination(theSettings)), port(surroundings.Port) {
     PrepareSacnPacket(sacn, cid, settings.SourceName, settings.Priority, settings.Universe);
+    PrepareSacnDiscoveryPacket(discovery, cid, settings.SourceName, settings.Universe);
     PrepareArtDmxPacket(artDmx, settings.Universe);
     socket.setProxy(QNetworkProxy::NoProxy);
     timer.setSingleShot(true);
@@ -117,6 +118,8 @@ void NetworkOutput::Service() {
     }
     if (link == Link::Lost && now >= nextTry) TryNetwork();
     if (hasFrame && now >= lastSent + KeepAliveSeconds) Transmit();
+    if (link == Link::There && settings.Delivery == OutputDelivery::Multicast && now >= nextAnnouncement)
+        Announce();
     Schedule();
 }
 
@@ -155,7 +158,7 @@ void NetworkOutput::TryNetwork() {
 bool NetworkOutput::BindSocket() {
     if (settings.NetworkCard.empty()) {
         if (!socket.bind(QHostAddress(QHostAddress::AnyIPv4), 0)) {
-            NetworkIsLost(socket.errorString());
+            NetworkIsLost(QStringLiteral("das System stellt keine Verbindung bereit"));
             return false;
         }
     } else if (!BindToCard()) {
@@ -202,7 +205,8 @@ void NetworkOutput::Transmit(bool terminated) {
         NetworkIsThere();
     } else if (socket.error() != QAbstractSocket::TemporaryError) {
         // A full queue of the network card is over with the next frame; everything else is a loss.
-        NetworkIsLost(socket.errorString());
+        NetworkIsLost(QStringLiteral("an ") + destination.toString() +
+                      QStringLiteral(" lässt sich nichts senden"));
     }
 }
 
@@ -217,6 +221,13 @@ bool NetworkOutput::Write(bool terminated) {
     }
     StampArtDmxPacket(artDmx, sequence);
     return send(artDmx);
+}
+
+void NetworkOutput::Announce() {
+    nextAnnouncement = surroundings.Seconds() + DiscoverySeconds;
+    socket.writeDatagram(reinterpret_cast<const char*>(discovery.data()),
+                         static_cast<qint64>(discovery.size()),
+                         QHostAddress(SacnMulticastGroup(SacnDiscoveryUniverse)), port);
 }
 
 void NetworkOutput::NetworkIsThere() {

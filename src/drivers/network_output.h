@@ -42,6 +42,10 @@ public:
     // From one attempt to reach a lost network to the next, and between looks at a chosen network card.
     static constexpr double RetrySeconds = 2.0;
 
+    // Between two announcements of a multicast sender, as the standard asks. A sender to one address does
+    // not announce itself: nobody else is to hear of it.
+    static constexpr double DiscoverySeconds = 10.0;
+
     NetworkOutput(const OutputSettings& settings, const Cid& cid, Surroundings surroundings);
     ~NetworkOutput(); // as Finish
     NetworkOutput(const NetworkOutput&) = delete;
@@ -52,7 +56,8 @@ public:
     // channels, buffer their values. Commands other than 1 answer 1 when they took effect, else 0.
     std::int32_t HardCommand(std::int32_t command, std::int32_t parameter, std::uint8_t* buffer);
 
-    // What is due by now: a still stream kept alive, a lost network tried again, a closed stream ended.
+    // What is due by now: a still stream kept alive, a lost network tried again, a sender announced, a
+    // closed stream ended.
     // Called by the event loop; a test that moves the time itself calls it too.
     void Service();
 
@@ -74,6 +79,7 @@ private:
     bool CardIsThere() const;
     void Transmit(bool terminated = false);
     bool Write(bool terminated);
+    void Announce();
     void NetworkIsThere();
     void NetworkIsLost(const QString& cause);
     void Schedule();
@@ -84,13 +90,14 @@ private:
     const Surroundings surroundings;
 
     SacnPacket sacn;
+    SacnDiscoveryPacket discovery;
     ArtDmxPacket artDmx;
     std::uint8_t sequence = 0; // of the last packet; runs on over close and open
     bool hasFrame = false;     // a frame was handed over since the stream began
 
     Stream stream = Stream::Closed;
     Link link = Link::Unknown;
-    double lastSent = 0, closedAt = 0, nextTry = 0, nextLook = 0;
+    double lastSent = 0, closedAt = 0, nextTry = 0, nextLook = 0, nextAnnouncement = 0;
 
     QUdpSocket socket;
     QHostAddress destination, cardAddress;

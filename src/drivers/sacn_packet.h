@@ -1,6 +1,7 @@
-// Data packets of streaming ACN (ANSI E1.31): the bytes of one universe of 512 DMX values, ready for the
-// wire. Big-endian throughout. The head is written once, each frame then only changes the sequence
-// number, the options and the values, in place.
+// Packets of streaming ACN (ANSI E1.31), ready for the wire, big-endian throughout. The data packet holds
+// one universe of 512 DMX values: its head is written once, each frame then only changes the sequence
+// number, the options and the values, in place. The discovery packet tells now and then which universe
+// this sender serves.
 #pragma once
 
 #include <array>
@@ -24,6 +25,7 @@ inline constexpr std::size_t SacnPacketSize = 638;
 // knows the sender again after a restart.
 using Cid = std::array<std::uint8_t, 16>;
 using SacnPacket = std::array<std::uint8_t, SacnPacketSize>;
+using SacnDiscoveryPacket = std::array<std::uint8_t, 122>;
 
 // Writes everything that stays the same from frame to frame; all values are 0 then. A name longer than
 // the field is cut between two characters (UTF-8).
@@ -36,6 +38,13 @@ void SetSacnValues(SacnPacket& packet, std::span<const std::uint8_t> values);
 // What tells this packet from the one before it. A terminated stream means to receivers that nothing
 // follows: they let go of the universe at once, instead of after their time-out of 2.5 seconds.
 void StampSacnPacket(SacnPacket& packet, std::uint8_t sequence, bool streamTerminated);
+
+// Announces a sender that serves this one universe.
+void PrepareSacnDiscoveryPacket(SacnDiscoveryPacket& packet, const Cid& cid, std::string_view sourceName,
+                                std::uint16_t universe);
+
+// The universe in whose multicast group senders are announced.
+inline constexpr std::uint16_t SacnDiscoveryUniverse = 64214;
 
 // The multicast group of a universe: 239.255.high.low.
 std::uint32_t SacnMulticastGroup(std::uint16_t universe);

@@ -361,6 +361,8 @@ private slots:
             Pass(*output, 50);
         }
         QCOMPARE(reports.size(), 1U);
+        QVERIFY2(reports[0].find("(an 192.0.2.1 lässt sich nichts senden)") != std::string::npos,
+                 reports[0].c_str());
     }
 
     void FramesGoThroughTheChosenCard() {
@@ -389,6 +391,24 @@ private slots:
         const QNetworkDatagram datagram = receiver->receiveDatagram();
         QCOMPARE(datagram.destinationAddress(), QHostAddress(QStringLiteral("239.255.1.2")));
         QCOMPARE(Byte(datagram.data(), SacnChannel1), 9);
+    }
+
+    void MulticastSenderIsAnnouncedEveryTenSeconds() {
+        OutputSettings settings;
+        settings.Delivery = OutputDelivery::Multicast;
+        settings.NetworkCard = Loopback().name().toStdString();
+        receiver->close();
+        QVERIFY(receiver->bind(QHostAddress(QHostAddress::AnyIPv4), 0));
+        QVERIFY(receiver->joinMulticastGroup(QHostAddress(QStringLiteral("239.255.250.214")), Loopback()));
+        const auto output = MakeOutput(settings);
+        Initialise(*output);
+        int announcements = 0;
+        for (int tick = 0; tick < 20 * 35; ++tick) {
+            Send(*output, 1);
+            Pass(*output, 50);
+            for (const QByteArray& packet : Received()) announcements += packet.size() == 122;
+        }
+        QCOMPARE(announcements, 4); // at once, after 10, 20 and 30 seconds
     }
 
 #ifdef Q_OS_LINUX

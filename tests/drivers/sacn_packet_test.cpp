@@ -100,9 +100,25 @@ TEST_F(SacnPacketLayout, StampChangesSequenceAndTerminationOnly) {
     EXPECT_EQ(packet, before);
 }
 
+TEST(SacnDiscovery, PacketHasTheLayersOfTheStandard) {
+    const Cid cid = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+    SacnDiscoveryPacket packet;
+    PrepareSacnDiscoveryPacket(packet, cid, "Pult", 0x1234);
+    std::vector<int> expected = {0x00, 0x10, 0x00, 0x00, 'A', 'S',  'C',  '-',  'E',  '1',  '.',
+                                 '1',  '7',  0,    0,    0,   0x70, 0x6A, 0x00, 0x00, 0x00, 0x08};
+    for (const std::uint8_t byte : cid) expected.push_back(byte);
+    for (const int byte : {0x70, 0x54, 0x00, 0x00, 0x00, 0x02, int{'P'}, int{'u'}, int{'l'}, int{'t'}})
+        expected.push_back(byte);
+    expected.resize(112); // the rest of the name and four reserved bytes
+    for (const int byte : {0x70, 0x0A, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x12, 0x34})
+        expected.push_back(byte);
+    EXPECT_EQ(std::vector<int>(packet.begin(), packet.end()), expected);
+}
+
 TEST(SacnMulticast, GroupHoldsTheUniverseInItsLastTwoBytes) {
-    EXPECT_EQ(SacnMulticastGroup(1), 0xEFFF0001U);     // 239.255.0.1
-    EXPECT_EQ(SacnMulticastGroup(63999), 0xEFFFF9FFU); // 239.255.249.255
+    EXPECT_EQ(SacnMulticastGroup(1), 0xEFFF0001U);                     // 239.255.0.1
+    EXPECT_EQ(SacnMulticastGroup(63999), 0xEFFFF9FFU);                 // 239.255.249.255
+    EXPECT_EQ(SacnMulticastGroup(SacnDiscoveryUniverse), 0xEFFFFAD6U); // 239.255.250.214
 }
 
 } // namespace

@@ -113,6 +113,7 @@ def compare(ola, start, packets, name, show, longest=None):
         process.wait()
         recorder.close()
     check(follower.seen[:len(expected)] == expected, f"steps are missing or out of order: {follower.seen}")
+    check({address for _, address, _, _ in recorder.payloads} == {"127.0.0.1"}, "something goes elsewhere")
     check_packets(name, recorder, universe, "Quorvane")
     print(f"{protocol}: {len(expected)} steps followed of a sequence of {show.step_count}, {follower.passed} ticks between two "
           f"looks, {len(recorder.packets)} packets well formed", flush=True)
@@ -204,12 +205,15 @@ def plug_in(card, address, *more):
 
 
 def check_destinations(player, work):
-    frames = bytes(512) * 3
+    frames = bytes(512) * 30  # the sender is announced within the first second
     plug_in("stage0", "10.9.8.7/24", "broadcast", "10.9.8.255")
     recorder = play_frames(player, work / "multicast", frames, Universum=258, Adresse="Multicast",
                            Netzwerkkarte="stage0")
-    check({(address, port) for _, address, port, _ in recorder.payloads} == {("239.255.1.2", house.SACN_PORT)},
-          "multicast goes elsewhere")
+    check({(address, port) for _, address, port, _ in recorder.payloads} ==
+          {("239.255.1.2", house.SACN_PORT), ("239.255.250.214", house.SACN_PORT)}, "multicast goes elsewhere")
+    check(house.dissect(recorder.path, "_ws.malformed", "frame.number") == [], "malformed multicast packets")
+    announced = [len(payload) for _, address, _, payload in recorder.payloads if address == "239.255.250.214"]
+    check(announced == [122], f"lengths of the announcements: {announced}")
     recorder = play_frames(player, work / "broadcast", frames, Protokoll="Art-Net", Adresse="Broadcast",
                            Netzwerkkarte="stage0")
     check({(address, port) for _, address, port, _ in recorder.payloads} == {("10.9.8.255", house.ARTNET_PORT)},
