@@ -1,0 +1,69 @@
+// Program entry.
+#include "app/application.h"
+#include "app/heartbeat.h"
+#include "app/outside.h"
+#include "platform/host.h"
+#include "ui/MDIHaupt.h"
+#include "ui/questions.h"
+#include "ui/theme.h"
+
+#include <QCommandLineParser>
+#include <QEventLoop>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTimer>
+#include <QTranslator>
+
+using namespace quorvane;
+
+namespace {
+
+std::optional<std::string> GivenProgramFolder(const QCoreApplication& application) {
+    const QCommandLineOption folder("program-folder", "Ordner mit Einstellungen, Treibern und Show-Dateien.",
+                                    "Ordner");
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Quorvane steuert eine Wand aus Farbelementen über DMX-512.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption(folder);
+    parser.process(application);
+    if (!parser.isSet(folder)) return std::nullopt;
+    return parser.value(folder).toStdString();
+}
+
+// Waits a moment for events instead of polling at full speed.
+void RunEvents() {
+    constexpr int momentMs = 5;
+    QEventLoop loop;
+    QTimer::singleShot(momentMs, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Application application(argc, argv);
+    QCoreApplication::setApplicationName("Quorvane");
+    QCoreApplication::setApplicationVersion("1.21");
+    const auto programFolder = GivenProgramFolder(application);
+    Heartbeat heartbeat; // first of all, so that its first beat is due as soon as the show is there
+
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    QTranslator german;
+    if (german.load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&german);
+    UseDarkTheme(application);
+
+    Outside outside(programFolder);
+    AskByDialogs();
+    MDIHaupt window;
+    Host.DoEvents = [&window] {
+        RunEvents();
+        return !window.ClosePending();
+    };
+    if (!window.MDIForm_Load()) return 1;
+    QTimer::singleShot(0, &window, [&outside] {
+        for (const std::string& message : outside.Messages()) ShowMessage(message);
+    });
+    return QApplication::exec();
+}

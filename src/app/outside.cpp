@@ -1,0 +1,86 @@
+#include "app/outside.h"
+
+#include "drivers/network_identity.h"
+#include "drivers/output_settings.h"
+#include "model/screen.h"
+#include "model/text.h"
+#include "platform/datafolder.h"
+#include "platform/driverlibrary.h"
+#include "platform/host.h"
+#include "platform/monotonicclock.h"
+#include "platform/programfolder.h"
+#include "platform/registry.h"
+#include "platform/systemversion.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace quorvane {
+
+namespace {
+
+bool StartSystemEditor(std::string_view path) {
+    const QString file = QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size()));
+    return QFileInfo::exists(file) && QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+}
+
+} // namespace
+
+Outside::Outside(const std::optional<std::string>& programFolder) {
+    FillSystem();
+    Host.ProgramFolder =
+        ChooseProgramFolder(programFolder, QCoreApplication::applicationDirPath().toStdString());
+    const DriverLibraries libraries = LoadDriverLibraries(Host.ProgramFolder);
+    const OutputSettingsReading reading = LoadOutputSettings(PathOf(Host.ProgramFolder));
+    messages = libraries.Messages;
+    messages.insert(messages.end(), reading.Messages.begin(), reading.Messages.end());
+    if (!libraries.Ports) FillPorts(reading.Settings);
+    if (!libraries.Usb) FillUsb(reading.Settings);
+}
+
+Outside::~Outside() { Host = HostCalls{}; }
+
+void Outside::FillSystem() {
+    Host.ReadSetting = ReadSetting;
+    Host.WriteSetting = WriteSetting;
+    Host.GetVersion = GetVersion;
+    Host.PreviousInstance = [this] { return instance.PreviousInstance(); };
+    Host.StartEditor = StartSystemEditor;
+    Host.Seconds = Seconds;
+    Host.ComposeText = [](std::string_view text) {
+        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
+            .normalized(QString::NormalizationForm_C)
+            .toStdString();
+    };
+}
+
+void Outside::FillPorts(const OutputSettings& settings) {
+    simulatedCard =
+        ParseSimulatedCard(settings.SimulatedCard + ' ' + Hexadecimal(settings.SimulatedCardBase));
+    if (simulatedCard) {
+        Host.DlPortReadPortUchar = [this](std::uint32_t port) { return simulatedCard->ReadPort(port); };
+        Host.DlPortWritePortUchar = [this](std::uint32_t port, std::uint8_t value) {
+            simulatedCard->WritePort(port, value);
+        };
+    } else {
+        Host.DlPortReadPortUchar = [this](std::uint32_t port) { return ports.Read(port); };
+        Host.DlPortWritePortUchar = [this](std::uint32_t port, std::uint8_t value) {
+            ports.Write(port, value);
+        };
+    }
+}
+
+void Outside::FillUsb(const OutputSettings& settings) {
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const auto say = [](std::string_view text) { Screen.WallStatus(text); };
+    network = std::make_unique<NetworkOutput>(settings, StableCid(own + "/Quorvane/Absender.id"),
+                                              NetworkOutput::Surroundings{say, Seconds, 0});
+    Host.DasHardCommand = [this](std::int32_t command, std::int32_t parameter, std::uint8_t* buffer) {
+        return network->HardCommand(command, parameter, buffer);
+    };
+}
+
+} // namespace quorvane

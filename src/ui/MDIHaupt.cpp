@@ -1,0 +1,151 @@
+#include "ui/MDIHaupt.h"
+
+#include "devices/interface.h"
+#include "files/lifecycle.h"
+#include "files/settingsfile.h"
+#include "model/screen.h"
+#include "model/show.h"
+#include "model/wall.h"
+#include "platform/host.h"
+#include "ui/frmIFS.h"
+#include "ui/frmWand.h"
+#include "ui/geometry.h"
+#include "ui/shown.h"
+
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace quorvane {
+
+MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
+    setObjectName("MDIHaupt");
+    area->setBackground(palette().color(QPalette::Base));
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    lblStatus->setObjectName("lblStatus");
+    lblStatus->setAccessibleName("Statuszeile");
+    lblStatus->setTextFormat(Qt::PlainText);
+    lblStatus->setMargin(4);
+    lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+
+    auto* centre = new QWidget;
+    auto* layout = new QVBoxLayout(centre);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(area, 1);
+    layout->addWidget(lblStatus);
+    setCentralWidget(centre);
+
+    Wand = AddChild<frmWand>();
+    BuildMenus();
+    FillScreen();
+}
+
+template<class Window> Window* MDIHaupt::AddChild() {
+    auto* window = new Window;
+    area->addSubWindow(window)->hide();
+    window->hide();
+    children.append(window);
+    return window;
+}
+
+void MDIHaupt::FillScreen() {
+    Screen.MainCaption = [this, shown = std::string()](std::string_view text) mutable {
+        if (shown == text) return; // said again at every tick while an ISA card runs
+        shown = text;
+        setWindowTitle(ShownAsTitle(text));
+    };
+    Screen.WallStatus = [this](std::string_view text) {
+        lblStatus->setText(Shown(text));
+        Wand->lblStatus->setText(Shown(text));
+    };
+    Screen.RefreshMain = [this] { update(); };
+    Screen.EnableDmxEntries = [this](bool on) {
+        mnuDMXStart->setEnabled(on);
+        mnuDMXStop->setEnabled(on);
+    };
+    Screen.ShowDmxEntries = [this](bool shown) {
+        mnuDMXStart->setVisible(shown);
+        mnuDMXStop->setVisible(shown);
+    };
+    Screen.CheckDmxStop = [this](bool stopped) { mnuDMXStop->setChecked(stopped); };
+    Screen.PlaceMain = [this] { PlaceMain(); };
+    Screen.OpenWindow = [this](int number) { OpenWindow(number); };
+}
+
+void MDIHaupt::OpenWindow(int number) {
+    if (number == WallWindow) Wand->Open();
+}
+
+// Shown here, so that the windows inside find the area they are placed in.
+void MDIHaupt::PlaceMain() {
+    constexpr int minimised = 1;
+    constexpr int maximised = 2;
+    const QRect available = screen()->availableGeometry();
+    QRect place = StoredPlace(MainWindow);
+    if (place.isEmpty()) {
+        place.setSize(available.size() * 4 / 5);
+        place.moveCenter(available.center());
+    }
+    if (!available.intersects(place)) place = MovedIntoView(place, available);
+    setGeometry(place);
+    switch (Show.WindowPos[MainWindow][PosState]) {
+    case minimised: showMinimized(); break;
+    case maximised: showMaximized(); break;
+    default: show();
+    }
+}
+
+bool MDIHaupt::MDIForm_Load() { return StartProgram(); }
+
+void MDIHaupt::mnuKillWand_Click() {
+    if (!Show.StatusFlags.Has(Status::WallExists)) return;
+    if (Host.MsgBox("Soll ich die Wand wirklich löschen?", Buttons::YesNo, ApplicationTitle,
+                    Icon::Question) != Answer::No)
+        RemoveWall();
+}
+
+void MDIHaupt::mnuDMXInit_Click() {
+    menuWidget()->setEnabled(false); // the search for interfaces waits and lets events run
+    waiting = true;
+    const bool choose = InitialiseInterfaces();
+    waiting = false;
+    menuWidget()->setEnabled(true);
+    if (closePending)
+        close();
+    else if (choose)
+        frmIFS(this).exec();
+}
+
+bool MDIHaupt::MDIForm_QueryUnload() { return MayClose(); }
+
+// The window state value is not updated here, on purpose: it keeps what was read.
+void MDIHaupt::MDIForm_Unload() {
+    for (ChildWindow* window : children)
+        if (window->isVisible()) window->StorePosition();
+    StopOutput();
+    StorePlace(MainWindow, isMinimized() || isMaximized() ? normalGeometry() : geometry());
+    SaveINI();
+}
+
+void MDIHaupt::closeEvent(QCloseEvent* event) {
+    closePending = waiting;
+    if (closePending || !MDIForm_QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    MDIForm_Unload();
+    event->accept();
+}
+
+void MDIHaupt::contextMenuEvent(QContextMenuEvent* event) {
+    if (mnuBearbeiten) mnuBearbeiten->popup(event->globalPos());
+}
+
+} // namespace quorvane

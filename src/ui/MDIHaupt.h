@@ -1,0 +1,60 @@
+// The main window: the frame around all other windows, the menu, the program's start and its close.
+#pragma once
+
+#include <QMainWindow>
+
+#include <functional>
+
+class QAction;
+class QLabel;
+class QMdiArea;
+class QMenu;
+
+namespace quorvane {
+
+class ChildWindow;
+class frmWand;
+
+class MDIHaupt : public QMainWindow {
+public:
+    MDIHaupt();
+
+    // The start of the program; false when it cannot run on this system. Afterwards the window is shown.
+    bool MDIForm_Load();
+
+    QLabel* lblStatus; // repeats the wall window's status line, which may be closed
+    frmWand* Wand;
+
+    // True once the user has asked for the program's end while a command was still waiting.
+    bool ClosePending() const { return closePending; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildFileMenu();
+    void BuildDmxMenu();
+    QMenu* Submenu(QMenu* parent, const char* name, const char* caption);
+    QAction* Entry(QMenu* menu, const char* name, const char* caption, std::function<void()> chosen);
+    template<class Window> Window* AddChild();
+    void FillScreen();
+    void OpenWindow(int number);
+    void PlaceMain();
+
+    void mnuKillWand_Click();
+    void mnuDMXInit_Click();
+    bool MDIForm_QueryUnload();
+    void MDIForm_Unload();
+
+    QMdiArea* area;
+    QMenu* mnuBearbeiten = nullptr;
+    QAction* mnuDMXStart = nullptr;
+    QAction* mnuDMXStop = nullptr;
+    QList<ChildWindow*> children;
+    bool waiting = false; // a command that lets events run is under way
+    bool closePending = false;
+};
+
+} // namespace quorvane

@@ -1,0 +1,118 @@
+#include "ui/frmWand.h"
+
+#include "model/text.h"
+#include "ui/geometry.h"
+#include "ui/shown.h"
+#include "ui/wallelement.h"
+
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quorvane {
+
+namespace {
+
+constexpr double SmallestField = 8; // pixels
+
+// As drawn: never too small to see, and the whole wall never more than a widget can hold.
+double DrawnField(double stored, int fields) {
+    return std::clamp(stored / 15, SmallestField,
+                      QWIDGETSIZE_MAX / std::max(1.0, static_cast<double>(fields)));
+}
+
+} // namespace
+
+frmWand::frmWand()
+    : ChildWindow("frmWand", WallWindow, Status::WallWindowOpen), lblStatus(new QLabel),
+      area(new QScrollArea), grid(new QWidget) {
+    lblStatus->setObjectName("lblStatus");
+    lblStatus->setAccessibleName("Statuszeile der Wand");
+    lblStatus->setTextFormat(Qt::PlainText);
+    lblStatus->setMargin(4);
+    lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // a long text never widens the wall
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(grid);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(area, 1);
+    layout->addWidget(lblStatus);
+    FillScreen();
+}
+
+void frmWand::FillScreen() {
+    Screen.SizeWall = [this](double width, double height, double labelWidth, double labelHeight) {
+        SizeWall(width, height, labelWidth, labelHeight);
+    };
+    Screen.PlaceWall = [this](int left, int top, int width, int height) {
+        PlaceWall({PixelsOf(left), PixelsOf(top), PixelsOf(width), PixelsOf(height)});
+    };
+    Screen.AddElement = [this](int index, int column, int row) { AddElement(index, column, row); };
+    Screen.RemoveElement = [this](int index) { RemoveElement(index); };
+    Screen.PaintElement = [this](int index, ScreenColour colour) {
+        if (index < static_cast<int>(lblElement.size()))
+            lblElement[static_cast<std::size_t>(index)]->Paint(colour);
+    };
+    Screen.PaintSelected = [this](int index) {
+        if (index < static_cast<int>(lblElement.size()))
+            lblElement[static_cast<std::size_t>(index)]->PaintSelected();
+    };
+    Screen.WallCaption = [this](std::string_view text) { setWindowTitle(ShownAsTitle(TrimmedRight(text))); };
+    Screen.ShowWall = [this] { Open(); };
+}
+
+void frmWand::SizeWall(double width, double height, double labelWidth, double labelHeight) {
+    fieldWidth = DrawnField(labelWidth, Show.WallColumns);
+    fieldHeight = DrawnField(labelHeight, Show.WallRows);
+    grid->resize(static_cast<int>(fieldWidth * Show.WallColumns),
+                 static_cast<int>(fieldHeight * Show.WallRows));
+
+    // The formula leaves too little below small walls for the status line, so that has a say too.
+    const QSize formula(PixelsOf(width), PixelsOf(height));
+    ResizeFramed(formula.expandedTo(grid->size() + QSize(0, lblStatus->sizeHint().height())));
+}
+
+QSize frmWand::Within(const QSize& free, const QSize& own) const {
+    QSize size = own;
+    if (own.height() > free.height()) size.rwidth() += area->verticalScrollBar()->sizeHint().width();
+    if (own.width() > free.width()) size.rheight() += area->horizontalScrollBar()->sizeHint().height();
+    return size.boundedTo(free);
+}
+
+void frmWand::PlaceWall(const QRect& place) {
+    if (!place.isEmpty()) ResizeFramed(place.size());
+    MoveFramed(place.topLeft());
+}
+
+void frmWand::AddElement(int index, int column, int row) {
+    auto* field = new WallElement(index, grid);
+    // Edges are rounded, not widths, so that no gap opens between fields.
+    const int left = static_cast<int>(fieldWidth * (column - 1));
+    const int top = static_cast<int>(fieldHeight * (row - 1));
+    field->setGeometry(left, top, static_cast<int>(fieldWidth * column) - left,
+                       static_cast<int>(fieldHeight * row) - top);
+    field->show();
+    lblElement.push_back(field);
+}
+
+void frmWand::RemoveElement(int index) {
+    delete lblElement.at(static_cast<std::size_t>(index));
+    lblElement.pop_back();
+}
+
+void frmWand::resizeEvent(QResizeEvent* event) {
+    ChildWindow::resizeEvent(event);
+    const bool restored = Frame() && (Frame()->isMaximized() || Frame()->isMinimized());
+    if (Show.StatusFlags.Has(Status::SaveToCurrentFile) || restored || !isVisible()) return;
+    Show.WindowPos[WallWindow][PosWidth] = StoredOf(width());
+    Show.WindowPos[WallWindow][PosHeight] = StoredOf(height());
+}
+
+} // namespace quorvane

@@ -1,0 +1,22 @@
+// Stored lengths are 1/15 of a logical pixel; they become pixels only where a widget is placed.
+#pragma once
+
+#include <QRect>
+
+#include <cstdint>
+
+namespace quorvane {
+
+// Divided by 15, halves to even, held within what a widget can be.
+int PixelsOf(double stored);
+std::int32_t StoredOf(int pixels);
+
+// The stored place of a window (left, top, width, height). Width or height 0 or less means none is stored.
+QRect StoredPlace(int window);
+// Puts a place into the window positions; the fifth value stays.
+void StorePlace(int window, const QRect& place);
+
+// The rectangle moved, and made smaller if it must be, so that it lies within area.
+QRect MovedIntoView(QRect rectangle, const QRect& area);
+
+} // namespace quorvane

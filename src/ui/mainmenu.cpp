@@ -1,0 +1,64 @@
+// The main window's menu: names and captions, letter by letter.
+#include "devices/interface.h"
+#include "files/showfiles.h"
+#include "ui/MDIHaupt.h"
+#include "ui/frmWand.h"
+
+#include <QMenuBar>
+
+#include <utility>
+
+namespace quorvane {
+
+QMenu* MDIHaupt::Submenu(QMenu* parent, const char* name, const char* caption) {
+    QMenu* menu = parent ? parent->addMenu(caption) : menuBar()->addMenu(caption);
+    menu->setObjectName(name);
+    return menu;
+}
+
+QAction* MDIHaupt::Entry(QMenu* menu, const char* name, const char* caption, std::function<void()> chosen) {
+    QAction* action = menu->addAction(caption);
+    action->setObjectName(name);
+    connect(action, &QAction::triggered, this, std::move(chosen));
+    return action;
+}
+
+void MDIHaupt::BuildMenus() {
+    BuildFileMenu();
+    mnuBearbeiten = Submenu(nullptr, "mnuBearbeiten", "&Bearbeiten");
+    Entry(mnuBearbeiten, "mnuWand", "&Wand", [this] { Wand->Open(); });
+    BuildDmxMenu();
+}
+
+void MDIHaupt::BuildFileMenu() {
+    QMenu* mnuDatei = Submenu(nullptr, "mnuDatei", "&Datei");
+    Entry(mnuDatei, "mnuKillWand", "Wand löschen", [this] { mnuKillWand_Click(); });
+
+    QMenu* mnuLaden = Submenu(mnuDatei, "mnuLaden", "Laden");
+    Entry(mnuLaden, "mnuConfigLaden", "Konfiguration", LoadConfiguration);
+    Entry(mnuLaden, "mnuSceneLaden", "Szene", LoadScene);
+    Entry(mnuLaden, "mnuSequenceLaden", "Sequenz", LoadSequence);
+    Entry(mnuLaden, "mnuFarbTblLaden", "Farbtabelle", LoadColourTable);
+
+    QMenu* mnuSpeichern = Submenu(mnuDatei, "mnuSpeichern", "Speichern");
+    Entry(mnuSpeichern, "mnuConfigSpeichern", "&Konfiguration", SaveConfiguration);
+    Entry(mnuSpeichern, "mnuSceneSpeichern", "&Szene ", SaveScene); // trailing blank on purpose
+    Entry(mnuSpeichern, "mnuSequenceSpeichern", "Se&quenz", SaveSequence);
+    Entry(mnuSpeichern, "mnuFarbtblSpeichern", "&Farbtabelle", SaveColourTable);
+
+    mnuDatei->addSeparator();
+    Entry(mnuDatei, "mnuBeenden", "Be&enden", [this] { close(); });
+}
+
+void MDIHaupt::BuildDmxMenu() {
+    QMenu* mnuDMX = Submenu(nullptr, "mnuDMX", "&DMX");
+    Entry(mnuDMX, "mnuDMXInit", "Karte &initialisieren", [this] { mnuDMXInit_Click(); });
+    mnuDMXStart = Entry(mnuDMX, "mnuDMXStart", "DMX Start", mnuDMXStart_Click);
+    mnuDMXStop = Entry(mnuDMX, "mnuDMXStop", "DMX Stop", [this] {
+        mnuDMXStop->toggle(); // the check mark is set by the command, not by the choice of the entry
+        mnuDMXStop_Click();
+    });
+    mnuDMXStop->setCheckable(true);
+}
+
+} // namespace quorvane

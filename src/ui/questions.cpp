@@ -1,0 +1,108 @@
+#include "ui/questions.h"
+
+#include "platform/host.h"
+#include "ui/shown.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace quorvane {
+
+namespace {
+
+QMessageBox::StandardButtons StandardButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::Ok: return QMessageBox::Ok;
+    case Buttons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::AbortRetryIgnore: return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    }
+    return QMessageBox::Ok;
+}
+
+// Escape and the close box leave a box by the button that changes least.
+QMessageBox::StandardButton EscapeButton(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::Ok: return QMessageBox::Ok;
+    case Buttons::YesNo: return QMessageBox::No;
+    case Buttons::AbortRetryIgnore: return QMessageBox::Abort;
+    case Buttons::OkCancel:
+    case Buttons::YesNoCancel: break;
+    }
+    return QMessageBox::Cancel;
+}
+
+QMessageBox::Icon BoxIcon(Icon icon) {
+    switch (icon) {
+    case Icon::None: return QMessageBox::NoIcon;
+    case Icon::Question: return QMessageBox::Question;
+    case Icon::Exclamation: return QMessageBox::Warning;
+    case Icon::Critical: return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+Answer AnswerOf(int button) {
+    switch (button) {
+    case QMessageBox::Ok: return Answer::Ok;
+    case QMessageBox::Yes: return Answer::Yes;
+    case QMessageBox::No: return Answer::No;
+    case QMessageBox::Abort: return Answer::Abort;
+    case QMessageBox::Retry: return Answer::Retry;
+    case QMessageBox::Ignore: return Answer::Ignore;
+    default: return Answer::Cancel;
+    }
+}
+
+Answer AskByBox(std::string_view text, Buttons buttons, std::string_view title, Icon icon) {
+    QMessageBox box(BoxIcon(icon), Shown(title), {}, StandardButtons(buttons), QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText); // paths and names may hold < and &
+    box.setText(Shown(text));
+    box.setEscapeButton(EscapeButton(buttons));
+    return AnswerOf(box.exec());
+}
+
+// A proposed name such as "*.QSC" is a hint and no file: the dialog stays open until a real name stands.
+class FileDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+protected:
+    void accept() override {
+        for (const QString& file : selectedFiles()) {
+            const QString name = QFileInfo(file).fileName();
+            if (name.contains('*') || name.contains('?')) return;
+        }
+        QFileDialog::accept();
+    }
+};
+
+std::optional<std::string> AskFile(const FileQuestion& question, QFileDialog::AcceptMode mode) {
+    const QString filter = Shown(question.Filter);
+    FileDialog dialog(QApplication::activeWindow(), Shown(question.Title), Shown(question.Folder));
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setNameFilter(filter + ' ' + filter.toLower()); // files from elsewhere come in either case
+    dialog.setDefaultSuffix(Shown(question.Extension));
+    dialog.selectFile(Shown(question.Name));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+} // namespace
+
+void AskByDialogs() {
+    Host.MsgBox = AskByBox;
+    Host.AskOpenFile = [](const FileQuestion& question) {
+        return AskFile(question, QFileDialog::AcceptOpen);
+    };
+    Host.AskSaveFile = [](const FileQuestion& question) {
+        return AskFile(question, QFileDialog::AcceptSave);
+    };
+    Host.Beep = [] { QApplication::beep(); };
+}
+
+} // namespace quorvane
