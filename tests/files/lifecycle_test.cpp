@@ -1,0 +1,180 @@
+#include "files/lifecycle.h"
+
+#include "bench/bench.h"
+
+#include "model/screen.h"
+
+namespace quorvane {
+
+class Lifecycle : public Bench {
+protected:
+    Lifecycle() {
+        Show = ShowState{}; // as it is before the program has started
+        Settings["Interface/Type"] = "3";
+        Host.DasHardCommand = [this](std::int32_t command, std::int32_t, std::uint8_t*) {
+            UsbCommands.push_back(command);
+            return command == 1 ? UsbKind : 0;
+        };
+        Write("QUORVANE.ini", ""); // empty on purpose: nothing to restore, nothing to complain about
+    }
+    void UseVersion(unsigned major, unsigned minor) {
+        Host.GetVersion = [=] { return major + 256 * minor; };
+    }
+
+    std::int32_t UsbKind = 10;
+    std::vector<int> UsbCommands;
+};
+
+TEST_F(Lifecycle, CaptionPrefixNamesTheOldSystemsAndNoOther) {
+    struct Case {
+        unsigned Major, Minor;
+        const char* Prefix;
+        bool NtFamily;
+    };
+    for (const Case& system : std::initializer_list<Case>{{4, 0, "Windows 9x", false},
+                                                          {4, 10, "Windows 98SE", false},
+                                                          {4, 90, "Windows 9x", false},
+                                                          {5, 0, "Windows 2000", true},
+                                                          {5, 1, "Windows XP", true},
+                                                          {5, 2, "", true},
+                                                          {6, 1, "", true},
+                                                          {10, 0, "", true}}) {
+        Show = ShowState{};
+        UseVersion(system.Major, system.Minor);
+        ASSERT_TRUE(StartProgram());
+        EXPECT_EQ(Show.CaptionPrefix, system.Prefix) << system.Major << "." << system.Minor;
+        EXPECT_EQ(Show.NtFamily, system.NtFamily) << system.Major << "." << system.Minor;
+    }
+}
+
+TEST_F(Lifecycle, SystemsBeforeThe9xLineEndTheProgramBeforeAnythingElse) {
+    UseVersion(3, 51);
+    EXPECT_FALSE(StartProgram());
+    EXPECT_EQ(Texts("box"),
+              std::vector<std::string>{"Das Programm ist mit dieser Windows Version nicht lauffähig"});
+    EXPECT_TRUE(UsbCommands.empty());
+    EXPECT_TRUE(Show.VersionText.empty());
+}
+
+TEST_F(Lifecycle, StartSetsCaptionThenOpensTheInterfaceThenReadsTheSettings) {
+    UseVersion(5, 1);
+    Screen.PlaceMain = [this] { Log.push_back({"placed", "", "MDIHaupt", ""}); };
+    ASSERT_TRUE(StartProgram());
+    std::vector<std::string> order;
+    for (const Noticed& noticed : Log) order.push_back(noticed.Kind == "placed" ? "placed" : noticed.Text);
+    EXPECT_EQ(order, (std::vector<std::string>{
+                         "Windows XP: KMO DMX QUORVANE  Ver V 1.21",
+                         ": KMO DMX QUORVANE: ..... searching interface ...Windows XP",
+                         "USB DMX Interface not foundWindows XP",
+                         "QUORVANE: HALVENOR USBLINK2 Interface opened succesfullyWindows XP", "placed"}));
+    EXPECT_EQ(Show.VersionText, "V 1.21");
+    EXPECT_EQ(Show.IniPath, (ProgramFolder / "QUORVANE.ini").string());
+}
+
+TEST_F(Lifecycle, StartSetsTheDefaultsOfTheShow) {
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(Show.SequenceTimes[255][HoldTime], 1);
+    EXPECT_EQ(Show.SequenceTimes[255][BlendTime], 50);
+    EXPECT_TRUE(Show.StatusFlags.Has(Status::AutoChannelCount));
+    EXPECT_EQ(Show.UserColourName[20], "Farbe20             ");
+    EXPECT_EQ(Show.StepCount, 0);
+}
+
+TEST_F(Lifecycle, OutputClockRunsAfterAnInterfaceOpened) {
+    ASSERT_TRUE(StartProgram());
+    EXPECT_TRUE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(Show.PreviousInterfaceType, 3);
+}
+
+TEST_F(Lifecycle, OutputClockStandsWhenTheInterfaceDidNotOpen) {
+    UsbKind = 4;
+    ASSERT_TRUE(StartProgram());
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+}
+
+TEST_F(Lifecycle, OutputClockRunsForTheCardTypesThatNeedNoOpening) {
+    for (const char* type : {"4", "5"}) {
+        Show = ShowState{};
+        Settings["Interface/Type"] = type;
+        ASSERT_TRUE(StartProgram());
+        EXPECT_TRUE(Show.AutoXmit.Enabled) << type;
+    }
+}
+
+TEST_F(Lifecycle, WithoutAStoredInterfaceTheUserIsToldAndTheStartGoesOn) {
+    Settings.clear();
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(Texts("box"), std::vector<std::string>{"INTERFACE SELECT ERROR"});
+    EXPECT_EQ(Show.InterfaceType, NoInterface);
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(Show.DmxIniDirty, 1) << "the settings were not read";
+}
+
+TEST_F(Lifecycle, DmxEntriesAreSwitchedOnForTypeOneAndOffForEveryOther) {
+    for (int type = 0; type <= 5; ++type) {
+        Show = ShowState{};
+        Settings["Interface/Type"] = std::to_string(type);
+        std::vector<bool> switched;
+        Screen.EnableDmxEntries = [&](bool on) { switched.push_back(on); };
+        ASSERT_TRUE(StartProgram());
+        ASSERT_FALSE(switched.empty());
+        EXPECT_EQ(switched.front(), type == 1) << type;
+    }
+}
+
+TEST_F(Lifecycle, SecondInstanceNeverOpensAnInterfaceAndLeavesTheStoredTypeAlone) {
+    Host.PreviousInstance = [] { return true; };
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(Show.InterfaceType, NoInterface);
+    EXPECT_EQ(Settings["Interface/Type"], "3");
+    EXPECT_EQ(std::count(UsbCommands.begin(), UsbCommands.end(), 1), 0);
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    ASSERT_EQ(Texts("box").size(), 1u);
+    EXPECT_EQ(Texts("box")[0],
+              "Dieses Programm wird zum 2. Mal ausgeführt. DMX-QUORVANE darf auf einem Rechner "
+              "nicht mehr als einmal mit DMX-Ausgabe ausgeführt werden. "
+              "Interfaceunterstützung wird deaktiviert.");
+}
+
+TEST_F(Lifecycle, CloseAsksForConfigurationSceneSequenceAndColourTableInTurn) {
+    ASSERT_TRUE(StartProgram());
+    Log.clear();
+    Show.ChangeFlags.bits = 0x01 | 0x04 | 0x08 | 0x40 | 0x80;
+    Answers = {Answer::No, Answer::No, Answer::No};
+    EXPECT_TRUE(MayClose());
+    EXPECT_EQ(Texts("question"), (std::vector<std::string>{
+                                     "Sie haben eine neue Wand erstellt. Wollen Sie sie jetzt abspeichern?",
+                                     "Sie haben eine neue Scene erstellt. Wollen Sie sie jetzt abspeichern?",
+                                     "Sie haben eine neue Farbtabelle erstellt. Wollen Sie sie jetzt "
+                                     "abspeichern?"}));
+}
+
+TEST_F(Lifecycle, CancelAtAnyQuestionKeepsTheProgramWithTheSnapshotTaken) {
+    struct Case {
+        std::uint16_t Changes;
+        bool Sequence;
+    };
+    for (const Case& unsaved :
+         std::initializer_list<Case>{{0x01, false}, {0x0C, false}, {0x38, true}, {0xC0, false}}) {
+        Show = ShowState{};
+        ASSERT_TRUE(StartProgram());
+        Show.ChangeFlags.bits = unsaved.Changes;
+        Show.StatusFlags.Put(Status::SequenceExists, unsaved.Sequence);
+        Show.StatusFlags.Set(Status::WallWindowOpen);
+        Answers = {Answer::Cancel};
+        EXPECT_FALSE(MayClose()) << unsaved.Changes;
+        EXPECT_EQ(Show.SavedFlags, Show.StatusFlags.bits);
+        EXPECT_EQ(Show.ChangeFlags.bits, unsaved.Changes);
+    }
+}
+
+TEST_F(Lifecycle, EndStopsTheClocksAndClosesTheInterfaceWithoutABlackout) {
+    ASSERT_TRUE(StartProgram());
+    UsbCommands.clear();
+    StopOutput();
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(UsbCommands, std::vector<int>{2});
+    EXPECT_EQ(Show.InterfaceOpen[3], 0);
+}
+
+} // namespace quorvane

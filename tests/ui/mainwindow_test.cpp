@@ -1,0 +1,130 @@
+#include "ui/windowbench.h"
+
+#include "model/text.h"
+#include "model/wall.h"
+
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace quorvane {
+
+using MainWindowTest = WindowBench;
+
+struct EntryCase {
+    const char* Menu;
+    const char* Name;
+    const char* Caption;
+};
+
+TEST_F(MainWindowTest, MenuCarriesNamesAndCaptionsLetterByLetter) {
+    StartProgram();
+    for (const EntryCase& expected :
+         std::initializer_list<EntryCase>{{"mnuDatei", "mnuKillWand", "Wand löschen"},
+                                          {"mnuLaden", "mnuConfigLaden", "Konfiguration"},
+                                          {"mnuLaden", "mnuSceneLaden", "Szene"},
+                                          {"mnuLaden", "mnuSequenceLaden", "Sequenz"},
+                                          {"mnuLaden", "mnuFarbTblLaden", "Farbtabelle"},
+                                          {"mnuSpeichern", "mnuConfigSpeichern", "&Konfiguration"},
+                                          {"mnuSpeichern", "mnuSceneSpeichern", "&Szene "},
+                                          {"mnuSpeichern", "mnuSequenceSpeichern", "Se&quenz"},
+                                          {"mnuSpeichern", "mnuFarbtblSpeichern", "&Farbtabelle"},
+                                          {"mnuDatei", "mnuBeenden", "Be&enden"},
+                                          {"mnuBearbeiten", "mnuWand", "&Wand"},
+                                          {"mnuDMX", "mnuDMXInit", "Karte &initialisieren"},
+                                          {"mnuDMX", "mnuDMXStart", "DMX Start"},
+                                          {"mnuDMX", "mnuDMXStop", "DMX Stop"}}) {
+        QAction* entry = Entry(expected.Name);
+        ASSERT_NE(entry, nullptr);
+        EXPECT_EQ(entry->text().toStdString(), expected.Caption);
+        EXPECT_EQ(entry->parent()->objectName().toStdString(), expected.Menu);
+    }
+    EXPECT_EQ(main->findChild<QMenu*>("mnuDatei")->title().toStdString(), "&Datei");
+    EXPECT_EQ(main->findChild<QMenu*>("mnuLaden")->title().toStdString(), "Laden");
+    EXPECT_EQ(main->findChild<QMenu*>("mnuSpeichern")->title().toStdString(), "Speichern");
+    EXPECT_EQ(main->findChild<QMenu*>("mnuBearbeiten")->title().toStdString(), "&Bearbeiten");
+    EXPECT_EQ(main->findChild<QMenu*>("mnuDMX")->title().toStdString(), "&DMX");
+}
+
+TEST_F(MainWindowTest, DmxEntriesAreOnForTypeOneOnlyAtTheStart) {
+    Settings["Interface/Type"] = "3";
+    StartProgram();
+    EXPECT_FALSE(Entry("mnuDMXStart")->isEnabled());
+    EXPECT_FALSE(Entry("mnuDMXStop")->isEnabled());
+}
+
+TEST_F(MainWindowTest, DmxEntriesAreOnWithTypeOneAlthoughNoCardAnswers) {
+    Settings["Interface/Type"] = "1";
+    StartProgram();
+    EXPECT_TRUE(Entry("mnuDMXStart")->isEnabled());
+    EXPECT_TRUE(Entry("mnuDMXStop")->isEnabled());
+    EXPECT_EQ(Caption(), ": KMO DMX QUORVANE:  Interface Initialization failed");
+}
+
+TEST_F(MainWindowTest, StopEntryIsNotTickedWithoutACard) {
+    Settings["Interface/Type"] = "1";
+    StartProgram();
+    Choose("mnuDMXStop");
+    EXPECT_FALSE(Entry("mnuDMXStop")->isChecked());
+}
+
+TEST_F(MainWindowTest, FirstStartShowsAnEmptyFrameInTheMiddleOfTheScreen) {
+    StartProgram();
+    EXPECT_TRUE(main->isVisible());
+    EXPECT_GT(main->width(), 400);
+    EXPECT_FALSE(main->Wand->isVisible());
+    EXPECT_TRUE(main->screen()->availableGeometry().contains(main->geometry().center()));
+}
+
+TEST_F(MainWindowTest, WallIsRemovedUnlessTheAnswerIsNo) {
+    StartProgram();
+    Show.WallColumns = Show.WallRows = 2;
+    NeueWandInit();
+    Answer(QMessageBox::No);
+    Choose("mnuKillWand");
+    EXPECT_EQ(Show.ElementCount, 4);
+    Answer(QMessageBox::Yes);
+    Choose("mnuKillWand");
+    EXPECT_EQ(Show.ElementCount, 0);
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::WallExists));
+    ASSERT_EQ(Boxes.size(), 2u);
+    EXPECT_EQ(Boxes[0].Text, "Soll ich die Wand wirklich löschen?");
+}
+
+TEST_F(MainWindowTest, RemovingTheWallAsksNothingWithoutOne) {
+    StartProgram();
+    Choose("mnuKillWand");
+    EXPECT_TRUE(Boxes.empty());
+}
+
+TEST_F(MainWindowTest, CancelAtAQuestionKeepsTheProgramOpenWithTheSnapshotTaken) {
+    StartProgram();
+    Show.ChangeFlags.Set(Change::ConfigNew);
+    Answer(QMessageBox::Cancel);
+    EXPECT_FALSE(CloseProgram());
+    EXPECT_TRUE(main->isVisible());
+    EXPECT_EQ(Show.SavedFlags, Show.StatusFlags.bits);
+    EXPECT_FALSE(QFile::exists(Folder.filePath("QUORVANE.ini")));
+}
+
+TEST_F(MainWindowTest, CloseKeepsTheStateOfTheWindowAndWritesTheSettings) {
+    StartProgram();
+    Show.WindowPos[MainWindow][PosState] = 2;
+    main->setGeometry(40, 50, 640, 480);
+    EXPECT_TRUE(CloseProgram());
+    EXPECT_EQ(Show.WindowPos[MainWindow][PosLeft], 600);
+    EXPECT_EQ(Show.WindowPos[MainWindow][PosTop], 750);
+    EXPECT_EQ(Show.WindowPos[MainWindow][PosWidth], 9600);
+    EXPECT_EQ(Show.WindowPos[MainWindow][PosHeight], 7200);
+    EXPECT_EQ(Show.WindowPos[MainWindow][PosState], 2);
+    EXPECT_TRUE(QFile::exists(Folder.filePath("QUORVANE.ini")));
+}
+
+TEST_F(MainWindowTest, CaptionShowsAMarkOfTheToolkitAsItIs) {
+    StartProgram();
+    Screen.MainCaption("a [*] b");
+    EXPECT_EQ(Caption(), "a [*][*] b"); // shown as "a [*] b"
+}
+
+} // namespace quorvane

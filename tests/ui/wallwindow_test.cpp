@@ -1,0 +1,158 @@
+#include "ui/windowbench.h"
+
+#include "engine/outputclock.h"
+#include "engine/sequencer.h"
+#include "model/colour.h"
+#include "model/wall.h"
+#include "ui/frmWand.h"
+
+#include <QLabel>
+#include <QMdiSubWindow>
+
+namespace quorvane {
+
+class WallWindowTest : public WindowBench {
+protected:
+    void MakeWall(int columns, int rows, int width = 600, int height = 600) {
+        Show.WallColumns = static_cast<std::uint8_t>(columns);
+        Show.WallRows = static_cast<std::uint8_t>(rows);
+        Show.WallAreaWidth = width;
+        Show.WallAreaHeight = height;
+        Show.ElementSize = 100;
+        NeueWandInit();
+    }
+    QWidget* Field(int index) {
+        return Find<QWidget>("frmWand", ("lblElement(" + std::to_string(index) + ")").c_str());
+    }
+    // The colour of a field as it stands on the screen, beside its number.
+    QColor Shown(int index) { return Field(index)->grab().toImage().pixelColor(2, 2); }
+};
+
+TEST_F(WallWindowTest, FieldsLieGaplessRowByRowFromTheTopLeft) {
+    StartProgram();
+    MakeWall(4, 3, 610, 605); // 40.67 x 40.33 pixels
+    main->Wand->Open();
+    for (int index = 0; index < 12; ++index) {
+        QWidget* field = Field(index);
+        ASSERT_NE(field, nullptr);
+        const int column = index % 4;
+        EXPECT_EQ(field->x(), column == 0 ? 0 : Field(index - 1)->geometry().right() + 1);
+        EXPECT_EQ(field->y(), index < 4 ? 0 : Field(index - 4)->geometry().bottom() + 1);
+    }
+}
+
+TEST_F(WallWindowTest, FieldIsPaintedWithItsUncorrectedMixedColour) {
+    StartProgram();
+    MakeWall(2, 1);
+    main->Wand->Open();
+    Show.ElementValue[2][1] = 200;
+    Show.ElementValue[2][4] = 100;
+    Show.ColourCorrection[2][1] = 200;
+    ShowWallColour(1);
+    EXPECT_EQ(Shown(1), QColor(255, 100, 100));
+    EXPECT_EQ(Shown(0), QColor(0, 0, 0));
+}
+
+TEST_F(WallWindowTest, NewWallReplacesAllFieldsOfTheOld) {
+    StartProgram();
+    MakeWall(11, 11);
+    MakeWall(2, 2);
+    EXPECT_NE(Field(3), nullptr);
+    EXPECT_EQ(main->Wand->findChild<QWidget*>("lblElement(4)"), nullptr);
+}
+
+TEST_F(WallWindowTest, FieldIsNeverTooSmallToSeeWhateverTheFileSays) {
+    StartProgram();
+    MakeWall(3, 3, 0, -500);
+    main->Wand->Open();
+    EXPECT_EQ(Field(8)->size(), QSize(8, 8));
+    EXPECT_EQ(Show.WallAreaHeight, -500);
+}
+
+TEST_F(WallWindowTest, SmallWallStillShowsItsStatusLine) {
+    StartProgram();
+    MakeWall(1, 1, 600, 1200);
+    main->Wand->Open();
+    EXPECT_GE(main->Wand->lblStatus->y(), Field(0)->height());
+    EXPECT_GE(main->Wand->height(), Field(0)->height() + main->Wand->lblStatus->height());
+}
+
+TEST_F(WallWindowTest, HugeWallStaysWithinTheMainWindow) {
+    StartProgram();
+    MakeWall(11, 11, 30000, 30000);
+    main->Wand->Open();
+    const QWidget* frame = main->Wand->parentWidget();
+    EXPECT_LE(frame->width(), frame->parentWidget()->width());
+    EXPECT_LE(frame->height(), frame->parentWidget()->height());
+}
+
+TEST_F(WallWindowTest, CaptionIsTheWallNameWithoutItsPadding) {
+    StartProgram();
+    Show.WallName = "Bühne links         ";
+    MakeWall(1, 1);
+    EXPECT_EQ(main->Wand->windowTitle().toStdString(), "Bühne links");
+}
+
+TEST_F(WallWindowTest, ClosedAndReopenedWallIsAsItWas) {
+    StartProgram();
+    MakeWall(3, 2);
+    Choose("mnuWand");
+    EXPECT_TRUE(Show.StatusFlags.Has(Status::WallWindowOpen));
+    main->Wand->parentWidget()->move(30, 20);
+    main->Wand->parentWidget()->close();
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::WallWindowOpen));
+    EXPECT_EQ(Show.WindowPos[WallWindow][PosLeft], 450);
+    EXPECT_EQ(Show.WindowPos[WallWindow][PosTop], 300);
+    EXPECT_EQ(Show.ElementCount, 6);
+    Choose("mnuWand");
+    EXPECT_TRUE(main->Wand->isVisible());
+    EXPECT_EQ(main->Wand->parentWidget()->pos(), QPoint(30, 20));
+    EXPECT_NE(Field(5), nullptr);
+}
+
+TEST_F(WallWindowTest, ResizeIsRecordedUnlessFilesAreBeingRestored) {
+    StartProgram();
+    MakeWall(3, 2);
+    main->Wand->Open();
+    main->Wand->parentWidget()->resize(300, 280);
+    EXPECT_EQ(Show.WindowPos[WallWindow][PosWidth], main->Wand->width() * 15);
+    const auto width = Show.WindowPos[WallWindow][PosWidth];
+    Show.StatusFlags.Set(Status::SaveToCurrentFile);
+    main->Wand->parentWidget()->resize(350, 290);
+    EXPECT_EQ(Show.WindowPos[WallWindow][PosWidth], width);
+}
+
+TEST_F(WallWindowTest, RestoredWallIsPlacedWithLeftAndTopSwapped) {
+    StartProgram();
+    Show.WindowPos[WallWindow][PosLeft] = 300;
+    Show.WindowPos[WallWindow][PosTop] = 600;
+    Show.WindowPos[WallWindow][PosWidth] = 4500;
+    Show.WindowPos[WallWindow][PosHeight] = 3000;
+    Show.StatusFlags.Set(Status::SaveToCurrentFile);
+    MakeWall(3, 2);
+    Show.StatusFlags.Clear(Status::SaveToCurrentFile);
+    main->Wand->Open();
+    EXPECT_EQ(main->Wand->parentWidget()->pos(), QPoint(40, 20));
+    EXPECT_EQ(main->Wand->size(), QSize(300, 200));
+}
+
+TEST_F(WallWindowTest, PlayingPaintsEveryBlendTickOnTheWall) {
+    StartProgram();
+    MakeWall(1, 1);
+    main->Wand->Open();
+    Show.StepCount = 1;
+    Show.CurrentStep = 1;
+    Show.StatusFlags.Set(Status::SequenceExists);
+    Show.SequenceTimes[1][HoldTime] = 1;
+    Show.SequenceTimes[1][BlendTime] = 10;
+    for (int channel = 1; channel <= 3; ++channel) Show.SequenceSteps[1][1][channel] = 255;
+    Play();
+    std::vector<int> reds;
+    for (int tick = 0; tick < 12; ++tick) {
+        Ticks(1);
+        reds.push_back(Shown(0).red());
+    }
+    EXPECT_EQ(reds, (std::vector<int>{0, 0, 26, 51, 76, 102, 128, 153, 178, 204, 230, 255}));
+}
+
+} // namespace quorvane
