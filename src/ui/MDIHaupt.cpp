@@ -49,7 +49,9 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
 
 template<class Window> Window* MDIHaupt::AddChild() {
     auto* window = new Window;
-    area->addSubWindow(window)->hide();
+    QMdiSubWindow* frame = area->addSubWindow(window);
+    frame->setAttribute(Qt::WA_DeleteOnClose, false); // closing hides it: it comes back as it was
+    frame->hide();
     window->hide();
     children.append(window);
     return window;

@@ -12,13 +12,13 @@ class InterfaceSelectTest : public WindowBench {
 protected:
     // Chooses "Karte initialisieren" and, in the dialog that follows, a tab and a button.
     void Initialise(int tab, const char* button) {
-        WhenAsked([this, tab, button](QDialog* dialog) {
-            ASSERT_EQ(dialog->objectName(), "frmIFS");
-            auto* tabs = dialog->findChild<QTabBar*>("tabs_ifselect");
+        WhenAsked([this, tab, button](QDialog* asked) {
+            ASSERT_EQ(asked->objectName(), "frmIFS");
+            auto* tabs = asked->findChild<QTabBar*>("tabs_ifselect");
             firstTab = tabs->currentIndex();
             QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tab).center());
-            model = dialog->findChild<QLabel*>("lblModell")->text().toStdString();
-            QTest::mouseClick(dialog->findChild<QPushButton*>(button), Qt::LeftButton);
+            model = asked->findChild<QLabel*>("lblModell")->text().toStdString();
+            QTest::mouseClick(asked->findChild<QPushButton*>(button), Qt::LeftButton);
         });
         Choose("mnuDMXInit");
     }

@@ -1,7 +1,8 @@
 #include "ui/windowbench.h"
 
-#include "model/text.h"
+#include "model/screen.h"
 #include "model/wall.h"
+#include "ui/frmWand.h"
 
 #include <QLabel>
 #include <QMdiSubWindow>
@@ -70,7 +71,11 @@ TEST_F(MainWindowTest, StopEntryIsNotTickedWithoutACard) {
 }
 
 TEST_F(MainWindowTest, FirstStartShowsAnEmptyFrameInTheMiddleOfTheScreen) {
+    QFile::remove(Folder.filePath("QUORVANE.ini"));
+    Answer(QMessageBox::Ok);
     StartProgram();
+    ASSERT_EQ(Boxes.size(), 1u);
+    EXPECT_EQ(Boxes[0].Text, "Fehler beim laden der QUORVANE.ini im Abschnitt [DMXINI]");
     EXPECT_TRUE(main->isVisible());
     EXPECT_GT(main->width(), 400);
     EXPECT_FALSE(main->Wand->isVisible());
@@ -105,7 +110,7 @@ TEST_F(MainWindowTest, CancelAtAQuestionKeepsTheProgramOpenWithTheSnapshotTaken)
     EXPECT_FALSE(CloseProgram());
     EXPECT_TRUE(main->isVisible());
     EXPECT_EQ(Show.SavedFlags, Show.StatusFlags.bits);
-    EXPECT_FALSE(QFile::exists(Folder.filePath("QUORVANE.ini")));
+    EXPECT_EQ(Read("QUORVANE.ini"), "");
 }
 
 TEST_F(MainWindowTest, CloseKeepsTheStateOfTheWindowAndWritesTheSettings) {
@@ -118,7 +123,7 @@ TEST_F(MainWindowTest, CloseKeepsTheStateOfTheWindowAndWritesTheSettings) {
     EXPECT_EQ(Show.WindowPos[MainWindow][PosWidth], 9600);
     EXPECT_EQ(Show.WindowPos[MainWindow][PosHeight], 7200);
     EXPECT_EQ(Show.WindowPos[MainWindow][PosState], 2);
-    EXPECT_TRUE(QFile::exists(Folder.filePath("QUORVANE.ini")));
+    EXPECT_EQ(Read("QUORVANE.ini").substr(0, 25), "ini-Datei von QUORVANE 98");
 }
 
 TEST_F(MainWindowTest, CaptionShowsAMarkOfTheToolkitAsItIs) {

@@ -20,6 +20,7 @@ WindowBench::WindowBench() {
     Screen = ScreenCalls{};
     Host = HostCalls{};
     Host.ProgramFolder = QDir::toNativeSeparators(Folder.path()).toStdString();
+    Write("QUORVANE.ini", ""); // empty settings: nothing to restore, nothing to complain about
     AskByDialogs();
     Host.Beep = [this] { ++Beeps; };
     Host.DoEvents = [this, now = 0.0]() mutable {
