@@ -4,6 +4,7 @@
 #include "app/outside.h"
 #include "platform/host.h"
 #include "ui/MDIHaupt.h"
+#include "ui/icons.h"
 #include "ui/questions.h"
 #include "ui/theme.h"
 
@@ -53,6 +54,7 @@ int main(int argc, char** argv) {
     if (german.load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&german);
     UseDarkTheme(application);
+    QApplication::setWindowIcon(ProgramIcon());
 
     Outside outside(programFolder);
     AskByDialogs();
