@@ -19,7 +19,8 @@ constexpr char CtrlZ = '\x1A';
 // The field as a whole number. Fractions are rare and take the slow way.
 std::int64_t NumberIn(std::string_view field) {
     const char* const end = field.data() + field.size();
-    const char* const begin = field.starts_with('+') ? field.data() + 1 : field.data();
+    const bool plus = field.starts_with('+') && !field.starts_with("+-");
+    const char* const begin = field.data() + (plus ? 1 : 0);
     std::int64_t whole = 0;
     const auto taken = std::from_chars(begin, end, whole);
     if (taken.ec == std::errc{} && taken.ptr == end) return whole;

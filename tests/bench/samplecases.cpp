@@ -2,6 +2,7 @@
 
 #include "files/filechoice.h"
 #include "files/showfiles.h"
+#include "platform/programfolder.h"
 
 #include <algorithm>
 #include <fstream>
@@ -149,7 +150,7 @@ std::string BytesOf(const fs::path& file) {
 std::string SampleBench::HerePath(std::string path) const {
     if (!path.starts_with("APP\\")) return path;
     std::replace(path.begin(), path.end(), '\\', '/');
-    return ProgramFolder.generic_string() + path.substr(3);
+    return TextOf((ProgramFolder / PathOf(path.substr(4))).make_preferred());
 }
 
 void SampleBench::OpenColourWindow() {

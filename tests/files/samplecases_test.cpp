@@ -1,6 +1,7 @@
 // Every case of tests/data/samples, as it was worked out beside the program. Where the program has decided
 // a corner otherwise, the expectation is put right here, with the reason.
 #include "bench/samplecases.h"
+#include "files/showfiles.h"
 
 namespace quorvane {
 
@@ -123,6 +124,44 @@ TEST_P(SampleCase, LoadsAndSavesAsExpected) {
     PutFiles(expected);
     for (const json& command : expected.at("commands")) RunCommand(command);
 }
+
+class SampleShow : public SampleCase {
+protected:
+    static std::string SpeedOf(const std::string& sequence) {
+        const std::string key = "\r\nSpeed =   ";
+        const auto begin = sequence.find(key) + key.size();
+        return sequence.substr(begin, sequence.find("\r\n", begin) - begin);
+    }
+    void SaveAgain(const std::string& ending, bool (*save)()) {
+        ChosenFiles.push_back(HerePath("APP\\again" + ending));
+        ASSERT_TRUE(save());
+        EXPECT_EQ(Read("again" + ending), Read("show" + ending)) << ending;
+    }
+};
+
+TEST_P(SampleShow, LoadsWholeAndSavesTheSameBytes) {
+    Show.VersionText = "V 1.21";
+    json expected = SampleExpectation(GetParam());
+    ShortenNames(expected);
+    NameScene(expected);
+    for (const std::string name : {"show.CFG", "show.QCT", "show.QSC", "show.QSQ"})
+        Write(name, BytesOf(SampleFile(GetParam(), name)));
+    expected["commands"][0]["state"].erase("UserColour"); // noted as they are after the next command
+    for (const json& command : expected.at("commands")) RunCommand(command);
+    // The files name no other files, and the speed is the text of a field that shows the first step now.
+    Show.SequencerField[1] = SpeedOf(Read("show.QSQ"));
+    Show.ConfigFile.clear();
+    Show.ColourTableFile.clear();
+    SaveAgain(".QSQ", SaveSequence);
+    ChosenFiles.push_back(HerePath("APP\\show.QSC"));
+    LoadScene();
+    SaveAgain(".QSC", SaveScene);
+    SaveAgain(".CFG", SaveConfiguration);
+    SaveAgain(".QCT", SaveColourTable);
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, SampleShow, testing::ValuesIn(SampleFolders("-show")),
+                         [](const auto& parameter) { return "Case" + parameter.param.substr(0, 3); });
 
 INSTANTIATE_TEST_SUITE_P(Samples, SampleCase, testing::ValuesIn(SampleFolders("-files")),
                          [](const auto& parameter) {

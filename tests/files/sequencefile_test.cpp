@@ -1,0 +1,517 @@
+#include "files/filesbench.h"
+
+#include "files/showfiles.h"
+#include "model/sequence.h"
+#include "model/wall.h"
+
+namespace quorvane {
+
+class SequenceFile : public FilesBench {
+protected:
+    void SetUp() override {
+        MakeReferenceWall();
+        Show.VersionText = "V 1.21";
+    }
+    void Load(const std::string& bytes) {
+        Offer("abend.QSQ", bytes);
+        LoadSequence();
+    }
+    std::string Text() const { return Reference("small.QSQ"); }
+    // A sequence whose step s has red level s + 10 e in element e; times hold s, blend s + 4.
+    std::string TextOf(int columns, int rows, int steps) const {
+        const int elements = columns * rows;
+        std::string levels, times, flags;
+        for (int step = 1; step <= steps; ++step) {
+            for (int element = 1; element <= elements; ++element)
+                levels +=
+                    (levels.empty() ? "" : ",") + std::to_string((step + 10 * element) % 256) + ",0,0,0";
+            times += (times.empty() ? "" : ",") + std::to_string(step) + "," + std::to_string(step + 4);
+        }
+        for (int slot = 0; slot < 10; ++slot)
+            for (int element = 1; element <= elements; ++element)
+                flags += (flags.empty() ? "" : ",") + std::to_string((slot + element) % 2);
+        return Lines({"Sequence von QUORVANE 99", "[Config]", "ElementeMax =    " + std::to_string(elements),
+                      "Sequencenmax =    " + std::to_string(steps), "Speed =   40", "[WALL]",
+                      "Xmax =  " + std::to_string(columns), "Ymax =  " + std::to_string(rows), "[OTHERFILES]",
+                      "", "", "[Sequence]", levels, "[HOLDBLEND]", times, "[Selections]", flags});
+    }
+    void HaveSequence() {
+        Show.StatusFlags.Set(Status::SequenceExists);
+        Show.StepCount = 7;
+        Show.CurrentStep = 3;
+        Show.SequenceFile = "alt.QSQ";
+        Show.SequenceSteps[1][1][1] = 200;
+        Show.Selections[0][0] = 1;
+    }
+    void ExpectOldSequence() {
+        EXPECT_EQ(Show.StepCount, 7);
+        EXPECT_EQ(Show.CurrentStep, 3);
+        EXPECT_EQ(Show.SequenceSteps[1][1][1], 200);
+        EXPECT_EQ(Show.Selections[0][0], 1);
+        EXPECT_EQ(Show.ElementValue[1][1], 0);
+    }
+};
+
+const std::string ImportQuestion =
+    "Sequenz wurde auf einer Wand mit einer anderen Anzahl an Elementen erstellt. Soll ich Importieren ?";
+const std::string StepsFailure = "Fehler beim Laden der Sequenzdaten.";
+const std::string AnyFailure = "Fehler beim Laden der Sequenz";
+const std::string NoTimes = "Keine Blend- und Haltezeiten gefunden , nehme Standartwerte.";
+const std::string NoSteps = "Datei enthielt keine Sequenzerdaten oder ist beschädigt.";
+
+TEST_F(SequenceFile, LoadsAndSavesTheSameBytes) {
+    Show.ChangeFlags.Set(Change::SequenceNew);
+    Show.ChangeFlags.Set(Change::SequenceChanged);
+    Load(With(Text(), "[OTHERFILES]\r\n\r\nC:\\config\\wand.CFG", "[OTHERFILES]\r\n\r\n"));
+    EXPECT_EQ(WallStatus(), "Sequenz erfolgreich geladen!");
+    EXPECT_EQ(LastText("caption", "frmControl"), "Sequence abend.QSQ");
+    EXPECT_EQ(Show.SequenceFile, Path("abend.QSQ"));
+    EXPECT_EQ(Show.ChangeFlags.bits, 0);
+    EXPECT_TRUE(Show.StatusFlags.Has(Status::SequenceExists));
+    EXPECT_EQ(Show.StepCount, 3);
+    EXPECT_EQ(HoldOf(3), 40000);
+    EXPECT_EQ(BlendOf(3), 65534);
+    EXPECT_EQ(Show.Selections[1][1], 1);
+    Show.ConfigFile = "C:\\config\\wand.CFG";
+    Show.ChangeFlags.bits = 0x38;
+    ChosenFiles.push_back(Path("neu.QSQ"));
+    EXPECT_TRUE(SaveSequence());
+    EXPECT_EQ(Read("neu.QSQ"), Text());
+    EXPECT_EQ(WallStatus(), "Sequenz erfolgreich abgespeichert.");
+    EXPECT_EQ(Show.SequenceFile, Path("neu.QSQ"));
+    EXPECT_EQ(Show.ChangeFlags.bits, 0x08) << "the mark of the scene stays";
+}
+
+TEST_F(SequenceFile, ShowsItsFirstStep) {
+    Show.TurboFactor = 9;
+    std::vector<int> selected;
+    Screen.PaintSelected = [&](int index) { selected.push_back(index); };
+    Show.ElementSelected[0] = 1;
+    Load(Text());
+    EXPECT_EQ(Show.CurrentStep, 1);
+    EXPECT_EQ(Show.ElementValue[2][4], 8);
+    EXPECT_EQ(PaintedElements, (std::vector<int>{0, 1}));
+    EXPECT_EQ(selected, std::vector<int>{0});
+    EXPECT_EQ(Show.TurboFactor, 1) << "reset by every load";
+    EXPECT_EQ((std::vector<std::string>(Show.SequencerField.begin(), Show.SequencerField.end())),
+              (TextList{"1", "50", "1", "1"}));
+}
+
+struct StepsCase {
+    int InFile;
+    int Loaded;
+    bool Warned;
+};
+
+class StepCounts : public SequenceFile, public testing::WithParamInterface<StepsCase> {};
+
+TEST_P(StepCounts, AreCutTo254WithAWarningFrom254On) {
+    MakeWall(1, 1);
+    Load(TextOf(1, 1, GetParam().InFile));
+    EXPECT_EQ(Show.StepCount, GetParam().Loaded);
+    EXPECT_EQ(Boxes(),
+              GetParam().Warned
+                  ? TextList{"Fehler beim Laden der Sequenz! Die Datei enthält mehr Sequenzen als in dieser "
+                             "Programmversion dargestellt werden können! Die Sequenzen werden auf 254 "
+                             "beschränkt."}
+                  : TextList{});
+    EXPECT_EQ(Beeps(), GetParam().Warned ? 1u : 0u);
+    EXPECT_EQ(HoldOf(GetParam().Loaded), GetParam().Loaded);
+}
+
+INSTANTIATE_TEST_SUITE_P(Steps, StepCounts,
+                         testing::Values(StepsCase{1, 1, false}, StepsCase{250, 250, false},
+                                         StepsCase{253, 253, false}, StepsCase{254, 254, true},
+                                         StepsCase{255, 254, true}, StepsCase{300, 254, true}));
+
+struct SpeedCase {
+    std::string Line;
+    int Blend;
+};
+
+class Speeds : public SequenceFile, public testing::WithParamInterface<SpeedCase> {};
+
+TEST_P(Speeds, AreTheBlendTimeOfAFileWithoutTimes) {
+    Load(With(UpTo(Text(), "[HOLDBLEND]") + "[Selections]\r\n0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n",
+              "Speed =   50", GetParam().Line));
+    EXPECT_EQ(Boxes(), TextList{NoTimes});
+    for (int step = 1; step <= 3; ++step) {
+        EXPECT_EQ(HoldOf(step), 1);
+        EXPECT_EQ(BlendOf(step), GetParam().Blend);
+    }
+    EXPECT_EQ(WallStatus(), "Sequenz erfolgreich geladen!");
+}
+
+INSTANTIATE_TEST_SUITE_P(OldFiles, Speeds,
+                         testing::Values(SpeedCase{"Speed =   40", 40}, SpeedCase{"Speed =   9999", 9999},
+                                         SpeedCase{"Speed =   65534", 5534}, SpeedCase{"Speed =   1", 1},
+                                         SpeedCase{"Speed =   ", 5}, SpeedCase{"Speed =   0", 5},
+                                         SpeedCase{"Speed = -40", 5}, SpeedCase{"Speed =   abc", 5}));
+
+struct TimesCase {
+    std::string Name;
+    std::string Times;
+};
+
+class BrokenTimes : public SequenceFile, public testing::WithParamInterface<TimesCase> {};
+
+TEST_P(BrokenTimes, AreReplacedByHold1AndTheSpeed) {
+    Load(With(Text(), " 1, 50, 32767, 5,-25536,-2", GetParam().Times));
+    EXPECT_EQ(Boxes(), TextList{NoTimes});
+    EXPECT_EQ(HoldOf(1), 1);
+    EXPECT_EQ(BlendOf(3), 50);
+    EXPECT_EQ(Show.StepCount, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(HoldBlend, BrokenTimes,
+                         testing::Values(TimesCase{"EndsEarly", "1,50,2,50,3"},
+                                         TimesCase{"Word", "1,50,2,x,3,50"},
+                                         TimesCase{"BlendOf0", "1,50,2,0,3,50"},
+                                         TimesCase{"TooLarge", "1,50,2,65536,3,50"},
+                                         TimesCase{"TooSmall", "1,50,-32769,50,3,50"}),
+                         [](const auto& parameter) { return parameter.param.Name; });
+
+TEST_F(SequenceFile, TimesUpTo65535AreTakenAsWell) {
+    Load(With(Text(), " 1, 50, 32767, 5,-25536,-2", "40000,65535,-32768,-1,0,1"));
+    EXPECT_TRUE(Boxes().empty());
+    EXPECT_EQ(HoldOf(1), 40000);
+    EXPECT_EQ(BlendOf(1), 65535);
+    EXPECT_EQ(HoldOf(2), 32768);
+    EXPECT_EQ(HoldOf(3), 0);
+}
+
+struct BrokenSequence {
+    std::string Name;
+    std::string From;
+    std::string To;
+    std::string Message;
+};
+
+class BrokenSequenceFile : public SequenceFile, public testing::WithParamInterface<BrokenSequence> {};
+
+TEST_P(BrokenSequenceFile, LeavesTheOldSequenceWhichIsAskedForThen) {
+    HaveSequence();
+    Load(With(Text(), GetParam().From, GetParam().To));
+    EXPECT_EQ(Boxes(), TextList{GetParam().Message});
+    ExpectOldSequence();
+    EXPECT_EQ(Show.SequenceFile, "");
+    EXPECT_EQ(Show.ChangeFlags.bits, 0x38);
+    EXPECT_EQ(Show.SequencerField[1], GetParam().Message == AnyFailure ? "5" : "50");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, BrokenSequenceFile,
+    testing::Values(BrokenSequence{"NoSequence", "[Sequence]", "", StepsFailure},
+                    BrokenSequence{"ShortSequence", ", 255, 255, 255, 255", "", StepsFailure},
+                    BrokenSequence{"LargeLevel", " 255, 255, 255, 255", " 256, 255, 255, 255", StepsFailure},
+                    BrokenSequence{"NegativeLevel", " 255, 255, 255, 255", "-1, 255, 255, 255", StepsFailure},
+                    BrokenSequence{"WordForLevel", " 255, 255, 255, 255", " an, 255, 255, 255", StepsFailure},
+                    BrokenSequence{"NoSelections", "[Selections]", "", AnyFailure},
+                    BrokenSequence{"ShortSelections", " 0, 1, 1\r\n", " 1\r\n", AnyFailure},
+                    BrokenSequence{"LargeFlag", " 0, 1, 1\r\n", " 0, 1, 256\r\n", AnyFailure}),
+    [](const auto& parameter) { return parameter.param.Name; });
+
+TEST_F(SequenceFile, BrokenWithoutAnOldSequenceMarksNothing) {
+    Load(With(Text(), "[Sequence]", ""));
+    EXPECT_EQ(Boxes(), TextList{StepsFailure});
+    EXPECT_EQ(Show.ChangeFlags.bits, 0);
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::SequenceExists));
+    EXPECT_EQ(Show.StepCount, 0);
+}
+
+struct MissingHead {
+    std::string Name;
+    std::string From;
+    std::string To;
+    bool Loads;
+};
+
+class MissingHeads : public SequenceFile, public testing::WithParamInterface<MissingHead> {};
+
+TEST_P(MissingHeads, CountAsZero) {
+    HaveSequence();
+    Answers = {Answer::No};
+    Load(With(Text(), GetParam().From, GetParam().To));
+    EXPECT_EQ(Questions(), TextList{ImportQuestion});
+    EXPECT_EQ(Boxes(), GetParam().Loads ? TextList{} : TextList{NoSteps});
+    EXPECT_EQ(Show.StepCount, GetParam().Loads ? 3 : 7);
+}
+
+INSTANTIATE_TEST_SUITE_P(Head, MissingHeads,
+                         testing::Values(MissingHead{"Wall", "[WALL]", "", true},
+                                         MissingHead{"Config", "[Config]", "", false}),
+                         [](const auto& parameter) { return parameter.param.Name; });
+
+TEST_F(SequenceFile, WithoutOtherFilesLoadsInSilence) {
+    Load(With(Text(), "[OTHERFILES]", ""));
+    EXPECT_TRUE(Boxes().empty());
+    EXPECT_EQ(Show.StepCount, 3);
+}
+
+TEST_F(SequenceFile, OfNoStepsIsToldAndLeavesEverything) {
+    HaveSequence();
+    Show.ChangeFlags.bits = 0x30;
+    for (const std::string count : {" 0", "-3"}) {
+        Load(With(Text(), "Sequencenmax =    3", "Sequencenmax =   " + count));
+        EXPECT_EQ(Boxes(), TextList{NoSteps});
+        EXPECT_EQ(Beeps(), 1u);
+        ExpectOldSequence();
+        EXPECT_EQ(Show.SequenceFile, "alt.QSQ");
+        EXPECT_EQ(Show.ChangeFlags.bits, 0x30);
+        Log.clear();
+    }
+}
+
+struct BadSequence {
+    std::string Name;
+    std::string Bytes;
+    std::string Message;
+    bool Asked;
+};
+
+class BadSequenceFile : public SequenceFile, public testing::WithParamInterface<BadSequence> {};
+
+TEST_P(BadSequenceFile, LeavesTheOldSequence) {
+    HaveSequence();
+    if (GetParam().Asked) Answers = {Answer::No};
+    Load(GetParam().Bytes);
+    EXPECT_EQ(Boxes(), TextList{GetParam().Message});
+    ExpectOldSequence();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, BadSequenceFile,
+    testing::Values(BadSequence{"Empty", "", NoSteps, true},
+                    BadSequence{"HeaderOnly", "Sequence von QUORVANE 99\r\n", NoSteps, true},
+                    BadSequence{"Binary", std::string("\x89PNG\r\n\x1A\n\0\0,\xFF", 12), StepsFailure, true},
+                    BadSequence{"FarTooLarge", std::string(20'000'000, '\0'), AnyFailure, false},
+                    BadSequence{"TooManyElements", "h\r\n[CONFIG]\r\n251\r\n1\r\n5\r\n[SEQUENCE]\r\n0\r\n",
+                                StepsFailure, true},
+                    BadSequence{"NegativeElements", "h\r\n[CONFIG]\r\n-1\r\n1\r\n5\r\n[SEQUENCE]\r\n0\r\n",
+                                StepsFailure, true}),
+    [](const auto& parameter) { return parameter.param.Name; });
+
+TEST_F(SequenceFile, CancelledDialogLeavesThePlayingSequence) {
+    HaveSequence();
+    Show.StatusFlags.Set(Status::SequencePlaying);
+    ChosenFiles.push_back(std::nullopt);
+    LoadSequence();
+    EXPECT_EQ(Boxes(), TextList{"Fehler beim auswählen der Datei."});
+    EXPECT_TRUE(Show.StatusFlags.Has(Status::SequencePlaying));
+    EXPECT_EQ(Show.SequenceFile, "alt.QSQ");
+}
+
+TEST_F(SequenceFile, StopsThePlayingSequenceAfterTheFileWasChosen) {
+    HaveSequence();
+    Show.StatusFlags.Set(Status::SequencePlaying);
+    Load(Text());
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::SequencePlaying));
+    EXPECT_EQ(Log.front().Kind, "open");
+    EXPECT_EQ(LastText("status", "frmControl"), "Sequenzer gestoppt.");
+    EXPECT_EQ(Show.StepCount, 3);
+}
+
+TEST_F(SequenceFile, MissingIsToldAndKeepsTheName) {
+    HaveSequence();
+    ChosenFiles.push_back(Path("fehlt.QSQ"));
+    LoadSequence();
+    EXPECT_EQ(Boxes(), TextList{"Konnte Sequenz-Datei nicht finden"});
+    EXPECT_EQ(Show.SequenceFile, "alt.QSQ");
+    ExpectOldSequence();
+}
+
+TEST_F(SequenceFile, SectionsStandInAnyOrderAndCaseAndListsBreakIntoLines) {
+    Load(Lines({"Sequence von QUORVANE 99",
+                "[SELECTIONS]",
+                "0,0,0,0,0,0,0,0,0,0",
+                "0,0,0,0,0,0,0,0,1,1",
+                "[HoldBlend]",
+                "3",
+                "5",
+                "[sequence]",
+                "1,2,3",
+                "4, 5 ,6,7,8",
+                "[OtherFiles]",
+                "",
+                "",
+                "[wall]",
+                "X=2",
+                "Y=1",
+                "[config]",
+                "2",
+                "1",
+                "Speed=7"}));
+    EXPECT_EQ(WallStatus(), "Sequenz erfolgreich geladen!");
+    EXPECT_EQ(Show.ElementValue[2][4], 8);
+    EXPECT_EQ(Show.Selections[9][0], 1);
+    EXPECT_EQ(HoldOf(1), 3);
+}
+
+// Walls of other sizes.
+
+TEST_F(SequenceFile, OfAnotherWallIsLeftAfterCancel) {
+    HaveSequence();
+    Answers = {Answer::Cancel};
+    Load(TextOf(3, 3, 2));
+    EXPECT_EQ(Log[1].Kind, "beep");
+    EXPECT_EQ(Log[2].Text, ImportQuestion);
+    EXPECT_EQ(Log[2].Title, "V 1.21QUORVANE ");
+    ExpectOldSequence();
+    EXPECT_EQ(Show.SequenceFile, "alt.QSQ");
+}
+
+TEST_F(SequenceFile, OfASmallerWallFillsItsOwnElementsAfterNo) {
+    MakeWall(12, 10);
+    Answers = {Answer::No};
+    Load(TextOf(10, 10, 2));
+    EXPECT_EQ(Show.SequenceSteps[2][100][1], (2 + 1000) % 256);
+    EXPECT_EQ(Show.SequenceSteps[2][101][1], 0);
+    EXPECT_EQ(Show.Selections[1][98], 0);
+    EXPECT_EQ(Show.Selections[1][97], 1);
+    EXPECT_EQ(Show.Selections[1][100], 0);
+    EXPECT_EQ(WallStatus(), "Sequenz erfolgreich geladen!");
+    EXPECT_EQ(Show.ChangeFlags.Has(Change::SequenceChanged), false);
+}
+
+TEST_F(SequenceFile, LiveLevelsBeyondTheFilesElementsStayAfterNo) {
+    MakeWall(2, 2);
+    Show.ElementValue[4][1] = 99;
+    Answers = {Answer::No};
+    Load(TextOf(3, 1, 1));
+    EXPECT_EQ(Show.ElementValue[3][1], 31);
+    EXPECT_EQ(Show.ElementValue[4][1], 99);
+}
+
+TEST_F(SequenceFile, OfALargerWallKeepsItsSelectionsInPlaceAfterNo) {
+    Answers = {Answer::No};
+    Load(TextOf(3, 1, 1));
+    EXPECT_EQ(Show.Selections[1][0], 0);
+    EXPECT_EQ(Show.Selections[1][1], 1);
+    EXPECT_EQ(Show.Selections[1][2], 0) << "beyond the wall";
+    EXPECT_EQ(Show.Selections[2][0], 1);
+}
+
+TEST_F(SequenceFile, OfAnotherWallIsConvertedStepByStepAfterYes) {
+    MakeWall(2, 2);
+    Show.ChangeFlags = {};
+    for (int slot = 0; slot <= 13; ++slot) Show.Selections[slot][0] = 1;
+    Answers = {Answer::Yes};
+    Load(TextOf(3, 1, 2));
+    EXPECT_EQ(Show.SequenceSteps[2][1][1], 12);
+    EXPECT_EQ(Show.SequenceSteps[2][2][1], 22);
+    EXPECT_EQ(Show.SequenceSteps[2][3][1], 0);
+    EXPECT_EQ(Show.SequenceSteps[2][4][1], 0);
+    EXPECT_EQ(Show.ElementValue[2][1], 21) << "step 1 is shown";
+    EXPECT_EQ(Show.ChangeFlags.bits, 0x38);
+    for (int slot = 0; slot <= 9; ++slot) EXPECT_EQ(Show.Selections[slot][0], 0);
+    EXPECT_EQ(Show.Selections[10][0], 1);
+    EXPECT_EQ(Show.CurrentStep, 1);
+}
+
+TEST_F(SequenceFile, ConversionOfASizeNoWallCanHaveIsAnError) {
+    HaveSequence();
+    for (const std::string columns : {"1000", " 200"}) {
+        Answers = {Answer::Yes};
+        Load(With(With(Text(), "Xmax =  2", "Xmax = " + columns), "Ymax =  1", "Ymax =  2"));
+        EXPECT_EQ(Boxes(), TextList{AnyFailure});
+        ExpectOldSequence();
+        Log.clear();
+    }
+}
+
+TEST_F(SequenceFile, ConversionNeedsAWall) {
+    RemoveWall();
+    Answers = {Answer::Yes};
+    Load(Text());
+    EXPECT_EQ(Boxes(), TextList{"Keine Wand vorhanden. Auf eine  leere Wand kann nicht importiert werden!"});
+    EXPECT_EQ(Show.StepCount, 0);
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::SequenceExists));
+}
+
+// Old files.
+
+std::string SelectionList(const std::vector<std::string>& slots) {
+    std::string list;
+    for (std::size_t slot = 0; slot < 10; ++slot)
+        list += (slot > 0 ? "," : "") + (slot < slots.size() ? slots[slot] : "0,0,0,0");
+    return list;
+}
+
+class OldSelections : public SequenceFile {
+protected:
+    void LoadOld(const std::string& header, const std::string& selections) {
+        MakeWall(4, 1);
+        std::string text = UpTo(TextOf(4, 1, 1), "[Selections]") + "[Selections]\r\n" + selections + "\r\n";
+        Load(With(text, "Sequence von QUORVANE 99", header));
+    }
+    std::vector<int> Flags(int slot) const {
+        return {Show.Selections[slot].begin(), Show.Selections[slot].begin() + 4};
+    }
+};
+
+TEST_F(OldSelections, AreListsOfElementNumbersShiftedByOne) {
+    LoadOld("Sequence von QUORVANE 98", SelectionList({"4,2,0,0", "1,0,0,0", "0,0,0,0", "3,3,1,4"}));
+    EXPECT_EQ(Flags(0), (std::vector<int>{0, 1, 0, 1}));
+    EXPECT_EQ(Flags(1), (std::vector<int>{1, 0, 0, 0}));
+    EXPECT_EQ(Flags(2), (std::vector<int>{0, 0, 0, 0}));
+    EXPECT_EQ(Flags(3), (std::vector<int>{1, 0, 1, 1}));
+}
+
+TEST_F(OldSelections, AreLeftWhenTheirFirstEntryIs0) {
+    LoadOld("Sequence von QUORVANE 98", SelectionList({"0,1,1,0"}));
+    EXPECT_EQ(Flags(0), (std::vector<int>{0, 1, 1, 0}));
+}
+
+TEST_F(OldSelections, BelongToThatHeaderOnly) {
+    LoadOld("Sequence von QUORVANE 97", SelectionList({"4,2,0,0"}));
+    EXPECT_EQ(Flags(0), (std::vector<int>{4, 2, 0, 0}));
+}
+
+// Saving.
+
+TEST_F(SequenceFile, IsNotSavedWhenThereIsNone) {
+    EXPECT_FALSE(SaveSequence());
+    EXPECT_EQ(Boxes(), TextList{"Sie haben noch keine Sequence erstellt!"});
+    EXPECT_EQ(Beeps(), 1u);
+}
+
+TEST_F(SequenceFile, IsNotSavedWithoutAWall) {
+    HaveSequence();
+    RemoveWall();
+    EXPECT_FALSE(SaveSequence());
+    EXPECT_EQ(Boxes(), TextList{"Keine Wand vorhanden. Ohne Wand kann nicht gespeichert werden!"});
+}
+
+TEST_F(SequenceFile, SaveThatIsCancelledOrFailsStaysUnsaved) {
+    HaveSequence();
+    Show.ChangeFlags.bits = 0x38;
+    ChosenFiles = {std::nullopt, Path("fehlt/neu.QSQ")};
+    for (int time = 1; time <= 2; ++time) {
+        EXPECT_FALSE(SaveSequence());
+        EXPECT_EQ(WallStatus(), "Speichern wurde abgebrochen.");
+        EXPECT_EQ(Show.ChangeFlags.bits, 0x38);
+        EXPECT_EQ(Show.SequenceFile, "alt.QSQ");
+        Log.clear();
+    }
+}
+
+TEST_F(SequenceFile, LargestSequenceComesBackAsItWas) {
+    MakeWall(11, 11);
+    Show.StatusFlags.Set(Status::SequenceExists);
+    Show.StepCount = 253;
+    for (int step = 1; step <= 253; ++step)
+        for (int element = 1; element <= 121; ++element)
+            for (int c = 1; c <= 4; ++c)
+                Show.SequenceSteps[step][element][c] = static_cast<std::uint8_t>(step * 31 + element * 7 + c);
+    const auto steps = std::make_unique<decltype(Show.SequenceSteps)>(Show.SequenceSteps);
+    const auto times = Show.SequenceTimes;
+    ChosenFiles = {Path("gross.QSQ"), Path("gross.QSQ")};
+    EXPECT_TRUE(SaveSequence());
+    Show.SequenceSteps = {};
+    Show.SequenceTimes = {};
+    LoadSequence();
+    for (int step = 1; step <= 253; ++step) ASSERT_EQ(Show.SequenceSteps[step], (*steps)[step]) << step;
+    for (int step = 1; step <= 253; ++step) ASSERT_EQ(Show.SequenceTimes[step], times[step]) << step;
+}
+
+} // namespace quorvane
