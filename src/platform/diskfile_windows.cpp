@@ -1,10 +1,8 @@
 #include "platform/diskfile.h"
 
-#include <system_error>
-
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <windows.h>
+
+#include <system_error>
 
 namespace quorvane {
 
