@@ -2,6 +2,7 @@
 #include "app/application.h"
 #include "app/heartbeat.h"
 #include "app/outside.h"
+#include "app/quitsignal.h"
 #include "platform/host.h"
 #include "ui/MDIHaupt.h"
 #include "ui/icons.h"
@@ -43,6 +44,7 @@ void RunEvents() {
 } // namespace
 
 int main(int argc, char** argv) {
+    BlockQuitSignals();
     Application application(argc, argv);
     QCoreApplication::setApplicationName("Quorvane");
     QCoreApplication::setApplicationVersion("1.21");
@@ -63,6 +65,7 @@ int main(int argc, char** argv) {
         RunEvents();
         return !window.ClosePending();
     };
+    const QuitSignal quitSignal([&window] { window.close(); });
     if (!window.MDIForm_Load()) return 1;
     QTimer::singleShot(0, &window, [&outside] {
         for (const std::string& message : outside.Messages()) ShowMessage(message);

@@ -39,13 +39,11 @@ WindowBench::WindowBench() {
         if (command == 4) Frames.emplace_back(buffer, buffer + parameter);
         return command == 1 ? UsbKind : 0;
     };
-    QObject::connect(&watch, &QTimer::timeout, &watch, [this] { LookForDialog(); });
-    watch.start(0);
+    WatchForDialogs();
 }
 
 WindowBench::~WindowBench() {
     EXPECT_TRUE(reactions.empty()) << "A dialog that was expected did not come";
-    watch.stop();
     main.reset();
     Screen = ScreenCalls{};
     Host = HostCalls{};
@@ -123,6 +121,14 @@ void WindowBench::ChooseFile(const std::string& name) {
         line->selectAll();
         QTest::keyClicks(line, QString::fromStdString(name));
         QTest::keyClick(line, Qt::Key_Enter);
+    });
+}
+
+// A new look is due before each is taken, since a dialog may open another out of what is done with it.
+void WindowBench::WatchForDialogs() {
+    QTimer::singleShot(0, &watch, [this] {
+        WatchForDialogs();
+        LookForDialog();
     });
 }
 

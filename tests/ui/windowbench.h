@@ -75,9 +75,10 @@ protected:
     std::unique_ptr<MDIHaupt> main;
 
 private:
+    void WatchForDialogs();
     void LookForDialog();
 
-    QTimer watch;
+    QObject watch;            // while it lives, dialogs are looked for
     QPointer<QWidget> dialog; // already dealt with
     std::deque<std::function<void(QDialog*)>> reactions;
 };
