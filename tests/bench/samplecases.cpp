@@ -1,4 +1,5 @@
 #include "bench/samplecases.h"
+#include "bench/testdata.h"
 
 #include "files/filechoice.h"
 #include "files/showfiles.h"
@@ -125,7 +126,7 @@ void Save(const std::string& what) {
 
 std::vector<std::string> SampleFolders(const std::string& ending) {
     std::vector<std::string> folders;
-    for (const auto& entry : fs::directory_iterator(TEST_DATA "/samples"))
+    for (const auto& entry : fs::directory_iterator(TestData("samples")))
         if (const auto name = entry.path().filename().string(); name.ends_with(ending))
             folders.push_back(name);
     std::sort(folders.begin(), folders.end());
@@ -133,7 +134,7 @@ std::vector<std::string> SampleFolders(const std::string& ending) {
 }
 
 fs::path SampleFile(const std::string& folder, const std::string& file) {
-    return fs::path(TEST_DATA "/samples") / folder / file;
+    return TestData("samples") / folder / file;
 }
 
 json SampleExpectation(const std::string& folder) {

@@ -1,4 +1,5 @@
 #include "bench/samples.h"
+#include "bench/testdata.h"
 
 #include "model/sequence.h"
 #include "model/text.h"
@@ -8,9 +9,7 @@
 
 namespace quorvane {
 
-std::filesystem::path SampleFolder(const std::string& name) {
-    return std::filesystem::path(TEST_DATA) / "samples" / name;
-}
+std::filesystem::path SampleFolder(const std::string& name) { return TestData("samples") / name; }
 
 nlohmann::json Sample(const std::string& name) {
     std::ifstream file(SampleFolder(name) / "expected.json", std::ios::binary);

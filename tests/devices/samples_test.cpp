@@ -1,5 +1,6 @@
 // Worked-out cases of opening an interface, each with every port access or library call in order.
 #include "bench/portbench.h"
+#include "bench/testdata.h"
 #include "devices/interface.h"
 
 #include <nlohmann/json.hpp>
@@ -14,7 +15,7 @@ using nlohmann::json;
 // The cases whose folder ends in kind.
 std::vector<std::filesystem::path> Cases(const std::string& kind) {
     std::vector<std::filesystem::path> folders;
-    for (const auto& entry : std::filesystem::directory_iterator(TEST_DATA "/samples"))
+    for (const auto& entry : std::filesystem::directory_iterator(TestData("samples")))
         if (entry.path().filename().string().ends_with(kind)) folders.push_back(entry.path());
     return folders;
 }

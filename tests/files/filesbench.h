@@ -3,6 +3,7 @@
 #pragma once
 
 #include "bench/bench.h"
+#include "bench/testdata.h"
 
 #include "platform/programfolder.h"
 
@@ -21,7 +22,7 @@ inline std::string Lines(const std::vector<std::string>& lines) {
 }
 
 inline std::string Reference(const std::string& name) {
-    std::ifstream file(TEST_DATA "/reference/" + name, std::ios::binary);
+    std::ifstream file(TestData("reference/" + name), std::ios::binary);
     EXPECT_TRUE(file) << name;
     std::ostringstream bytes;
     bytes << file.rdbuf();
