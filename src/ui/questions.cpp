@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMainWindow>
 #include <QMessageBox>
 
 namespace quorvane {
@@ -57,8 +58,16 @@ Answer AnswerOf(int button) {
     }
 }
 
+// The window that a question stands before: the active one, or the main window when none is active yet.
+QWidget* Questioned() {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && qobject_cast<QMainWindow*>(window)) return window;
+    return nullptr;
+}
+
 Answer AskByBox(std::string_view text, Buttons buttons, std::string_view title, Icon icon) {
-    QMessageBox box(BoxIcon(icon), Shown(title), {}, StandardButtons(buttons), QApplication::activeWindow());
+    QMessageBox box(BoxIcon(icon), Shown(title), {}, StandardButtons(buttons), Questioned());
     box.setTextFormat(Qt::PlainText); // paths and names may hold < and &
     box.setText(Shown(text));
     box.setEscapeButton(EscapeButton(buttons));
@@ -82,11 +91,12 @@ protected:
 
 std::optional<std::string> AskFile(const FileQuestion& question, QFileDialog::AcceptMode mode) {
     const QString filter = Shown(question.Filter);
-    FileDialog dialog(QApplication::activeWindow(), Shown(question.Title), Shown(question.Folder));
+    FileDialog dialog(Questioned(), Shown(question.Title), Shown(question.Folder));
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilter(filter + ' ' + filter.toLower()); // files from elsewhere come in either case
     dialog.setDefaultSuffix(Shown(question.Extension));
+    dialog.resize(760, 480); // wide enough for sizes and dates to stand in full
     dialog.selectFile(Shown(question.Name));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
