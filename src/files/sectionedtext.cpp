@@ -63,11 +63,12 @@ void SectionedText::PassSectionName(std::string_view name) {
 
 std::string_view SectionedText::Field() {
     if (position >= bytes.size()) throw ReadError("Die Datei ist zu Ende.");
-    const std::size_t begin = position;
-    while (position < bytes.size() && bytes[position] != ',' && bytes[position] != '\r' &&
-           bytes[position] != '\n')
-        ++position;
-    const auto field = Trimmed(std::string_view(bytes).substr(begin, position - begin));
+    const std::string_view rest = std::string_view(bytes).substr(position);
+    std::size_t length = 0;
+    while (length < rest.size() && rest[length] != ',' && rest[length] != '\r' && rest[length] != '\n')
+        ++length;
+    position += length;
+    const auto field = Trimmed(rest.substr(0, length));
     if (position < bytes.size() && bytes[position++] == '\r' && position < bytes.size() &&
         bytes[position] == '\n')
         ++position;

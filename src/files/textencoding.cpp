@@ -77,7 +77,11 @@ std::optional<std::string> ToWindows1252(std::string_view text) {
 bool LooksLikeUtf8(std::string_view bytes) {
     bool several = false;
     while (!bytes.empty()) {
-        several = several || !IsAscii(bytes.front());
+        if (IsAscii(bytes.front())) { // nearly all of a file
+            bytes.remove_prefix(1);
+            continue;
+        }
+        several = true;
         if (TakeCharacter(bytes) == NoCharacter) return false;
     }
     return several;

@@ -10,6 +10,12 @@
 
 namespace quorvane {
 
+// Apart from the tables, so that the check of an access is small enough to stand at its place.
+[[noreturn]] inline void RefuseIndex(int index, int first, int last) {
+    throw std::out_of_range("Der Index " + std::to_string(index) + " liegt nicht zwischen " +
+                            std::to_string(first) + " und " + std::to_string(last) + ".");
+}
+
 template<class T, int First, int Last> class Table {
 public:
     static constexpr int first = First;
@@ -34,9 +40,7 @@ public:
 
 private:
     static std::size_t Position(int index) {
-        if (index < First || index > Last)
-            throw std::out_of_range("Der Index " + std::to_string(index) + " liegt nicht zwischen " +
-                                    std::to_string(First) + " und " + std::to_string(Last) + ".");
+        if (index < First || index > Last) RefuseIndex(index, First, Last);
         return static_cast<std::size_t>(index - First);
     }
 

@@ -77,10 +77,10 @@ std::string_view TrimmedRight(std::string_view text) {
 }
 
 std::string_view Trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    const auto blank = [](char letter) { return letter == ' ' || letter == '\t'; };
+    while (!text.empty() && blank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && blank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 std::string UpperCase(std::string_view text) {
