@@ -14,7 +14,7 @@ namespace {
 class DemoShow : public Bench {
 protected:
     DemoShow() {
-        const std::string folder = TEST_DATA "/../../assets/demo/";
+        const std::string folder = DEMO_SHOW "/";
         StartShow();
         Show.StatusFlags.Set(Status::SaveToCurrentFile);
         Show.ConfigFile = folder + "config/demo.CFG";
