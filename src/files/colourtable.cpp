@@ -13,7 +13,9 @@
 #include "platform/programfolder.h"
 
 #include <exception>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace quorvane {
 
@@ -79,6 +81,11 @@ void TakeOver(const ColourTable& table, const FoundFile& file) {
     Screen.ColourTableLoaded();
 }
 
+bool IsCurrent(const std::string& path) {
+    std::error_code noSuchFile;
+    return std::filesystem::equivalent(PathOf(path), PathOf(Show.ColourTableFile), noSuchFile);
+}
+
 bool LoadColourTableFrom(const FoundFile& file) {
     try {
         SectionedText text = ReadSectionedText(PathOf(file.Path));
@@ -109,10 +116,9 @@ bool TryLoadColourTable() {
 }
 
 void LoadNamedColourTable(const std::string& path) {
-    if (path.empty() || path == Show.ColourTableFile) return;
-    if (Show.ChangeFlags.Has(Change::ColourTableChanged)) return;
+    if (path.empty() || Show.ChangeFlags.Has(Change::ColourTableChanged)) return;
     const auto file = FindShowFile(ColourTableKind, path);
-    if (file && file->Path != Show.ColourTableFile) LoadColourTableFrom(*file);
+    if (file && !IsCurrent(file->Path)) LoadColourTableFrom(*file);
 }
 
 void LoadColourTable() { TryLoadColourTable(); }

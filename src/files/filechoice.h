@@ -29,7 +29,7 @@ inline constexpr FileKind ConfigurationKind = {"*.CFG",
 inline constexpr FileKind ColourTableKind = {"*.QCT",
                                              "QCT",
                                              "Farbtbl",
-                                             "farbtbl",
+                                             "Farbtbl",
                                              "Farbtabelle Laden",
                                              "Farbtabelle Speichern",
                                              &ShowState::ColourTableFile};

@@ -3,6 +3,7 @@
 #include "files/textencoding.h"
 #include "model/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -15,6 +16,10 @@ namespace {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr char CtrlZ = '\x1A';
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+bool EndsField(char c) { return c == ',' || c == '\r' || c == '\n'; }
 
 // The field as a whole number. Fractions are rare and take the slow way.
 std::int64_t NumberIn(std::string_view field) {
@@ -54,25 +59,29 @@ void SectionedText::FindSectionFromStart(std::string_view name) {
     PassSectionName(name);
 }
 
+// Only a field that begins with "[" can be the name, and fields are found faster than they are read.
 void SectionedText::PassSectionName(std::string_view name) {
-    for (;;) {
-        const auto field = Field();
-        if (field.size() == name.size() && UpperCase(field) == name) return;
+    for (std::size_t bracket = bytes.find('[', position); bracket != std::string::npos;
+         bracket = bytes.find('[', std::max(position, bracket + 1))) {
+        std::size_t begin = bracket;
+        while (begin > position && IsBlank(bytes[begin - 1])) --begin;
+        if (begin > position && !EndsField(bytes[begin - 1])) continue;
+        position = begin;
+        if (UpperCase(Field()) == name) return;
     }
+    throw ReadError("Der Abschnitt fehlt.");
 }
 
 std::string_view SectionedText::Field() {
     if (position >= bytes.size()) throw ReadError("Die Datei ist zu Ende.");
-    const std::string_view rest = std::string_view(bytes).substr(position);
-    std::size_t length = 0;
-    while (length < rest.size() && rest[length] != ',' && rest[length] != '\r' && rest[length] != '\n')
-        ++length;
-    position += length;
-    const auto field = Trimmed(rest.substr(0, length));
-    if (position < bytes.size() && bytes[position++] == '\r' && position < bytes.size() &&
-        bytes[position] == '\n')
-        ++position;
-    return field;
+    std::size_t begin = position;
+    while (begin < bytes.size() && IsBlank(bytes[begin])) ++begin;
+    std::size_t end = begin;
+    while (end < bytes.size() && !EndsField(bytes[end])) ++end;
+    position = end + 1;
+    if (position < bytes.size() && bytes[end] == '\r' && bytes[position] == '\n') ++position;
+    while (end > begin && IsBlank(bytes[end - 1])) --end;
+    return std::string_view(bytes).substr(begin, end - begin);
 }
 
 std::string SectionedText::Text() {
