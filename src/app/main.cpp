@@ -65,8 +65,9 @@ int main(int argc, char** argv) {
         RunEvents();
         return !window.ClosePending();
     };
-    const QuitSignal quitSignal([&window] { window.close(); });
     if (!window.MDIForm_Load()) return 1;
+    // Not before: what has not been read yet must not be written.
+    const QuitSignal quitSignal([&window] { window.CloseFromOutside(); });
     QTimer::singleShot(0, &window, [&outside] {
         for (const std::string& message : outside.Messages()) ShowMessage(message);
     });

@@ -12,6 +12,7 @@
 #include "ui/geometry.h"
 #include "ui/shown.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QLabel>
@@ -19,6 +20,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace quorvane {
@@ -144,6 +146,16 @@ void MDIHaupt::closeEvent(QCloseEvent* event) {
     }
     MDIForm_Unload();
     event->accept();
+}
+
+void MDIHaupt::CloseFromOutside() {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog) {
+        close();
+        return;
+    }
+    dialog->close();
+    QTimer::singleShot(0, this, [this] { CloseFromOutside(); });
 }
 
 void MDIHaupt::contextMenuEvent(QContextMenuEvent* event) {

@@ -22,6 +22,10 @@ public:
     // The start of the program; false when it cannot run on this system. Afterwards the window is shown.
     bool MDIForm_Load();
 
+    // Closes the window for someone who cannot see what is open on it: dialogs are left by their escape
+    // first.
+    void CloseFromOutside();
+
     QLabel* lblStatus; // repeats the wall window's status line, which may be closed
     frmWand* Wand;
 

@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "app/quitsignal.h"
 
 #include <QLibraryInfo>
 #include <QTranslator>
@@ -8,6 +9,7 @@
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
+    quorvane::BlockQuitSignals();
     quorvane::Application application(argc, argv);
     QTranslator german;
     if (german.load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

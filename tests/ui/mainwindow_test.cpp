@@ -1,5 +1,6 @@
 #include "ui/windowbench.h"
 
+#include "app/quitsignal.h"
 #include "model/screen.h"
 #include "model/wall.h"
 #include "ui/frmWand.h"
@@ -8,6 +9,8 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+
+#include <csignal>
 
 namespace quorvane {
 
@@ -130,6 +133,19 @@ TEST_F(MainWindowTest, CaptionShowsAMarkOfTheToolkitAsItIs) {
     StartProgram();
     Screen.MainCaption("a [*] b");
     EXPECT_EQ(Caption(), "a [*][*] b"); // shown as "a [*] b"
+}
+
+TEST_F(MainWindowTest, SignalToEndClosesOpenDialogsThenTheProgramAndWritesTheSettings) {
+    StartProgram();
+    const QuitSignal quitSignal([this] { main->CloseFromOutside(); });
+    WhenAsked([](QDialog*) {
+        std::raise(SIGTERM);
+        QTest::qWait(0);
+    });
+    Answer(QMessageBox::Ok); // the cancelled file dialog says so
+    Choose("mnuFarbTblLaden");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !main->isVisible(); }));
+    EXPECT_EQ(Read("QUORVANE.ini").substr(0, 25), "ini-Datei von QUORVANE 98");
 }
 
 } // namespace quorvane
