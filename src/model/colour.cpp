@@ -63,7 +63,9 @@ void RenameUserColour(int number, std::string_view name) {
     std::string cleaned(name);
     for (char& c : cleaned)
         if (c == ',' || c == '\n' || c == '\r') c = ' ';
-    stored = Padded20(cleaned);
+    cleaned = Padded20(cleaned);
+    if (cleaned == stored) return;
+    stored = cleaned;
     MarkColourTableChanged();
 }
 

@@ -26,8 +26,8 @@ void FetchColourFromSelection();
 void ApplyColourToSelection();
 // Copies CurrentColour into user colour number (1..20) and marks the colour table changed.
 void StoreUserColour(int number);
-// Gives user colour number (1..20) a name of 20 characters and marks the colour table changed; an empty
-// name is ignored. A comma or line break in it becomes a blank: the file could not hold it.
+// Gives user colour number (1..20) a name of 20 characters and marks the colour table changed if that is
+// another; an empty name is ignored. A comma or line break in it becomes a blank: the file could not hold it.
 void RenameUserColour(int number, std::string_view name);
 
 // Level as the sliders take it: with the minimum rule for lamps that must not be driven at 0, 0 becomes 1.

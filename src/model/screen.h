@@ -69,10 +69,12 @@ struct ScreenCalls {
     Slot<> TestModeEnded; // mode text, background and button as they are without test mode
 
     // Selection. index is element - 1.
-    Slot<int /*index*/> PaintSelected; // highlight background, red text
+    Slot<int /*index*/> PaintSelected;                 // highlight background, red text
+    Slot<int /*index*/, ScreenColour> PaintUnselected; // colour as background, white text
 
     // Element dialog.
-    Slot<> PatchLoaded; // the patch shown is no longer the one in the show
+    Slot<> ActivateElementWindow; // the one selected element is another: show its patch
+    Slot<> PatchLoaded;           // the patch shown is no longer the one in the show
 };
 
 inline ScreenCalls Screen;

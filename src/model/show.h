@@ -122,6 +122,7 @@ struct ShowState {
     Table<std::uint8_t, 0, 254> ElementSelected; // 1 selected
     std::uint8_t SelectedCount = 0;
     Table<Table<std::uint8_t, 0, 254>, 0, 13> Selections; // [slot][element - 1]; F2..F12 use slots 1..11
+    std::int16_t PatchElementNo = 0; // element last pressed with the right button; for the element dialog
 
     // Sequence
     std::uint8_t StepCount = 0;

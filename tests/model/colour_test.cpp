@@ -137,6 +137,11 @@ TEST_F(Colour, RenamingMarksATableWithAFileAsChangedOnly) {
     EXPECT_EQ(Show.ChangeFlags.bits, 0x80);
 }
 
+TEST_F(Colour, SameNameAgainIsNoChange) {
+    RenameUserColour(3, "Farbe3");
+    EXPECT_EQ(Show.ChangeFlags.bits, 0);
+}
+
 TEST_F(Colour, EmptyNameIsIgnored) {
     RenameUserColour(3, "");
     EXPECT_EQ(Show.UserColourName[3], "Farbe3              ");
