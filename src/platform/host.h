@@ -82,6 +82,10 @@ struct HostCalls {
     std::function<std::optional<std::string>(const FileQuestion&)> AskSaveFile = [](const FileQuestion&) {
         return std::optional<std::string>{};
     };
+    // The chosen colour as red + 256 green + 65536 blue; nothing when the user cancelled.
+    std::function<std::optional<std::uint32_t>(std::uint32_t initial)> AskColour = [](std::uint32_t) {
+        return std::optional<std::uint32_t>{};
+    };
     std::function<void()> Beep = [] {};
     // Joins letters with following accents into single characters (Unicode NFC).
     std::function<std::string(std::string_view text)> ComposeText = [](std::string_view text) {

@@ -7,6 +7,8 @@
 #include "model/show.h"
 #include "model/wall.h"
 #include "platform/host.h"
+#include "ui/field.h"
+#include "ui/frmColor.h"
 #include "ui/frmIFS.h"
 #include "ui/frmWand.h"
 #include "ui/geometry.h"
@@ -45,7 +47,9 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
     setCentralWidget(centre);
 
     Wand = AddChild<frmWand>();
+    Color = AddChild<frmColor>();
     BuildMenus();
+    Wand->OpenEditMenu = [this](const QPoint& place) { mnuBearbeiten->popup(place); };
     FillScreen();
 }
 
@@ -85,6 +89,7 @@ void MDIHaupt::FillScreen() {
 
 void MDIHaupt::OpenWindow(int number) {
     if (number == WallWindow) Wand->Open();
+    if (number == ColourWindow) Color->Open();
 }
 
 // Shown here, so that the windows inside find the area they are placed in.
@@ -127,7 +132,10 @@ void MDIHaupt::mnuDMXInit_Click() {
         frmIFS(this).exec();
 }
 
-bool MDIHaupt::MDIForm_QueryUnload() { return MayClose(); }
+bool MDIHaupt::MDIForm_QueryUnload() {
+    CheckFocusedField(); // what was typed last is asked about too
+    return MayClose();
+}
 
 // The window state value is not updated here, on purpose: it keeps what was read.
 void MDIHaupt::MDIForm_Unload() {

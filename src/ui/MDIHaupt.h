@@ -13,6 +13,7 @@ class QMenu;
 namespace quorvane {
 
 class ChildWindow;
+class frmColor;
 class frmWand;
 
 class MDIHaupt : public QMainWindow {
@@ -28,6 +29,7 @@ public:
 
     QLabel* lblStatus; // repeats the wall window's status line, which may be closed
     frmWand* Wand;
+    frmColor* Color;
 
     // True once the user has asked for the program's end while a command was still waiting.
     bool ClosePending() const { return closePending; }
@@ -39,7 +41,10 @@ protected:
 private:
     void BuildMenus();
     void BuildFileMenu();
+    void BuildEditMenu();
     void BuildDmxMenu();
+    void BuildWindowMenu();
+    void BuildSelectionMenu(const char* name, const char* caption, int shift);
     QMenu* Submenu(QMenu* parent, const char* name, const char* caption);
     QAction* Entry(QMenu* menu, const char* name, const char* caption, std::function<void()> chosen);
     template<class Window> Window* AddChild();

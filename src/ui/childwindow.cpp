@@ -1,26 +1,30 @@
 #include "ui/childwindow.h"
 
+#include "ui/field.h"
 #include "ui/geometry.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
+#include <algorithm>
+
 namespace quorvane {
 
-ChildWindow::ChildWindow(const char* name, WindowNumber windowNumber, Status openBit)
-    : number(windowNumber), open(openBit) {
+ChildWindow::ChildWindow(const char* name, WindowNumber number, Status open)
+    : windowNumber(number), openBit(open) {
     setObjectName(name);
 }
 
 QMdiSubWindow* ChildWindow::Frame() const { return qobject_cast<QMdiSubWindow*>(parentWidget()); }
 
 void ChildWindow::Open() {
-    Show.StatusFlags.Set(open);
+    Show.StatusFlags.Set(openBit);
+    if (Frame()->isMinimized()) Frame()->showNormal();
     if (!isVisible()) {
-        const QRect stored = StoredPlace(number);
-        if (!wantedSize && !stored.isEmpty()) wantedSize = stored.size();
-        if (!wantedPosition && !stored.isEmpty()) wantedPosition = stored.topLeft();
+        Form_Load();
+        WantPlace();
     }
     show();
     Frame()->show();
@@ -28,8 +32,41 @@ void ChildWindow::Open() {
     Frame()->mdiArea()->setActiveSubWindow(Frame());
 }
 
+// The stored place; without one a useful size beside the windows that are open.
+void ChildWindow::WantPlace() {
+    const QRect stored = StoredPlace(windowNumber);
+    if (!wantedSize) wantedSize = stored.isEmpty() ? sizeHint() : stored.size();
+    if (!wantedPosition && !stored.isEmpty()) wantedPosition = stored.topLeft();
+    unplaced = !wantedPosition;
+}
+
+// The place at a corner of the area or beside another window that covers the least of the others.
+QPoint ChildWindow::FreePlace() const {
+    QList<QRect> others;
+    QList<QPoint> corners{{0, 0}};
+    for (const QMdiSubWindow* other : Frame()->mdiArea()->subWindowList())
+        if (other != Frame() && other->isVisible()) {
+            others.append(other->geometry());
+            corners.append({other->geometry().right() + 1, std::max(0, other->y())});
+            corners.append({std::max(0, other->x()), other->geometry().bottom() + 1});
+        }
+    const QRect area = Frame()->mdiArea()->viewport()->rect();
+    const auto covered = [&](const QPoint& corner) {
+        const QRect here = MovedIntoView({corner, Frame()->size()}, area);
+        int pixels = 0;
+        for (const QRect& other : others) {
+            const QRect common = here.intersected(other);
+            pixels += common.width() * common.height();
+        }
+        return pixels;
+    };
+    return *std::min_element(corners.begin(), corners.end(),
+                             [&](const QPoint& a, const QPoint& b) { return covered(a) < covered(b); });
+}
+
 void ChildWindow::StorePosition() {
-    if (!Frame()->isMinimized() && !Frame()->isMaximized()) StorePlace(number, {Frame()->pos(), size()});
+    if (!Frame()->isMinimized() && !Frame()->isMaximized())
+        StorePlace(windowNumber, {Frame()->pos(), size()});
 }
 
 void ChildWindow::ResizeFramed(const QSize& own) {
@@ -48,16 +85,21 @@ void ChildWindow::ApplyPlace() {
         const QSize border = Frame()->size() - Frame()->contentsRect().size();
         Frame()->resize(Within(area.size() - border, *wantedSize) + border);
     }
-    const QRect wanted(wantedPosition.value_or(Frame()->pos()), Frame()->size());
-    Frame()->move(area.intersects(wanted) ? wanted.topLeft() : MovedIntoView(wanted, area).topLeft());
+    const QRect wanted(unplaced ? FreePlace() : wantedPosition.value_or(Frame()->pos()), Frame()->size());
+    const bool asWanted = !unplaced && area.intersects(wanted);
+    Frame()->move(asWanted ? wanted.topLeft() : MovedIntoView(wanted, area).topLeft());
+    unplaced = false;
     wantedSize.reset();
     wantedPosition.reset();
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {
+    CheckFocusedField();
     StorePosition();
-    Show.StatusFlags.Clear(open);
+    Show.StatusFlags.Clear(openBit);
     event->accept();
 }
+
+void ChildWindow::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
 
 } // namespace quorvane

@@ -14,8 +14,8 @@ namespace quorvane {
 
 class ChildWindow : public QWidget {
 public:
-    // name is the window's object name; number is its row in WindowPos, open its bit in StatusFlags.
-    ChildWindow(const char* name, WindowNumber number, Status open);
+    // name is the window's object name; windowNumber is its row in WindowPos, openBit its bit in StatusFlags.
+    ChildWindow(const char* name, WindowNumber windowNumber, Status openBit);
 
     // Shows the window in front of the others; one that was closed comes back at its stored place.
     void Open();
@@ -31,15 +31,24 @@ protected:
     // The size that the window takes of the wanted one when the free area is this large.
     virtual QSize Within(const QSize& area, const QSize& own) const { return own.boundedTo(area); }
 
+    // Runs when the window opens, before it is seen; not when it is only brought to the front.
+    virtual void Form_Load() {}
+
+    // Runs the check of the field that has the focus first.
     void closeEvent(QCloseEvent* event) override;
+    // The main window's pop-up menu belongs to its free area and not to the windows inside.
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void WantPlace();
     void ApplyPlace();
+    QPoint FreePlace() const;
 
-    WindowNumber number;
-    Status open;
+    WindowNumber windowNumber;
+    Status openBit;
     std::optional<QSize> wantedSize;
     std::optional<QPoint> wantedPosition;
+    bool unplaced = false; // opens without a position that anyone gave it
 };
 
 } // namespace quorvane

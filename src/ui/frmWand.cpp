@@ -1,11 +1,16 @@
 #include "ui/frmWand.h"
 
+#include "model/selection.h"
 #include "model/text.h"
 #include "ui/geometry.h"
+#include "ui/keys.h"
 #include "ui/shown.h"
 #include "ui/wallelement.h"
 
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -30,6 +35,7 @@ double DrawnField(double stored, int fields) {
 frmWand::frmWand()
     : ChildWindow("frmWand", WallWindow, Status::WallWindowOpen), lblStatus(new QLabel),
       area(new QScrollArea), grid(new QWidget) {
+    setFocusPolicy(Qt::StrongFocus);
     lblStatus->setObjectName("lblStatus");
     lblStatus->setAccessibleName("Statuszeile der Wand");
     lblStatus->setTextFormat(Qt::PlainText);
@@ -57,12 +63,13 @@ void frmWand::FillScreen() {
     Screen.AddElement = [this](int index, int column, int row) { AddElement(index, column, row); };
     Screen.RemoveElement = [this](int index) { RemoveElement(index); };
     Screen.PaintElement = [this](int index, ScreenColour colour) {
-        if (index < static_cast<int>(lblElement.size()))
-            lblElement[static_cast<std::size_t>(index)]->Paint(colour);
+        if (HasField(index)) FieldAt(index)->Paint(colour);
     };
     Screen.PaintSelected = [this](int index) {
-        if (index < static_cast<int>(lblElement.size()))
-            lblElement[static_cast<std::size_t>(index)]->PaintSelected();
+        if (HasField(index)) FieldAt(index)->PaintSelected();
+    };
+    Screen.PaintUnselected = [this](int index, ScreenColour colour) {
+        if (HasField(index)) FieldAt(index)->PaintUnselected(colour);
     };
     Screen.WallCaption = [this](std::string_view text) { setWindowTitle(ShownAsTitle(TrimmedRight(text))); };
     Screen.ShowWall = [this] { Open(); };
@@ -98,6 +105,7 @@ void frmWand::AddElement(int index, int column, int row) {
     const int top = static_cast<int>(fieldHeight * (row - 1));
     field->setGeometry(left, top, static_cast<int>(fieldWidth * column) - left,
                        static_cast<int>(fieldHeight * row) - top);
+    field->installEventFilter(this);
     field->show();
     lblElement.push_back(field);
 }
@@ -105,6 +113,66 @@ void frmWand::AddElement(int index, int column, int row) {
 void frmWand::RemoveElement(int index) {
     delete lblElement.at(static_cast<std::size_t>(index));
     lblElement.pop_back();
+}
+
+bool frmWand::HasField(int index) const { return index >= 0 && index < static_cast<int>(lblElement.size()); }
+
+bool frmWand::eventFilter(QObject* watched, QEvent* event) {
+    auto* field = dynamic_cast<WallElement*>(watched);
+    if (!field) return ChildWindow::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: { // the second press of a double click is a press like the first
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        PressField(field->Index, mouse->button(), mouse->modifiers(), mouse->globalPosition().toPoint());
+        if (event->type() == QEvent::MouseButtonDblClick) lblElement_DblClick();
+        return true;
+    }
+    case QEvent::ContextMenu: // that of the mouse came as a press already
+        if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard)
+            PressField(field->Index, Qt::RightButton, {}, field->mapToGlobal(field->rect().center()));
+        return true;
+    case QEvent::FocusIn: focusIndex = field->Index; return false;
+    case QEvent::KeyPress: return PressKey(field->Index, static_cast<QKeyEvent*>(event));
+    default: return false;
+    }
+}
+
+// The element dialog takes the front when the press concerns it, and the wall takes it back, so that further
+// clicks land here.
+void frmWand::PressField(int index, Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                         const QPoint& place) {
+    lblElement_MouseDown(index, button == Qt::LeftButton, ShiftState(modifiers));
+    Frame()->mdiArea()->setActiveSubWindow(Frame());
+    if (button != Qt::LeftButton && OpenEditMenu) OpenEditMenu(place);
+}
+
+bool frmWand::PressKey(int index, QKeyEvent* event) {
+    const auto [column, row] = Show.ElementPos[index + 1];
+    switch (event->key()) {
+    case Qt::Key_Space: PressField(index, Qt::LeftButton, event->modifiers(), {}); return true;
+    case Qt::Key_Left: FocusField(column > 1 ? index - 1 : index); return true;
+    case Qt::Key_Right: FocusField(column < Show.WallColumns ? index + 1 : index); return true;
+    case Qt::Key_Up: FocusField(row > 1 ? index - Show.WallColumns : index); return true;
+    case Qt::Key_Down: FocusField(row < Show.WallRows ? index + Show.WallColumns : index); return true;
+    case Qt::Key_Home: FocusField(0); return true;
+    case Qt::Key_End: FocusField(Show.ElementCount - 1); return true;
+    default: return false;
+    }
+}
+
+void frmWand::FocusField(int index) {
+    FieldAt(index)->setFocus(Qt::TabFocusReason);
+    area->ensureWidgetVisible(FieldAt(index));
+}
+
+void frmWand::focusInEvent(QFocusEvent* event) {
+    if (!HasField(focusIndex)) focusIndex = 0;
+    if (HasField(focusIndex)) FieldAt(focusIndex)->setFocus(event->reason());
+}
+
+void frmWand::keyPressEvent(QKeyEvent* event) {
+    if (!TakeSelectionKey(event)) ChildWindow::keyPressEvent(event);
 }
 
 void frmWand::resizeEvent(QResizeEvent* event) {

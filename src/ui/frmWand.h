@@ -1,10 +1,12 @@
 // The wall window: the wall as a grid of fields, each in the colour that its element has now, and the
-// status line for selecting and for the file commands.
+// status line for selecting and for the file commands. Elements are selected by mouse, or by keys: arrows
+// move from field to field, the blank stands for a click, the menu key for a click with the right button.
 #pragma once
 
 #include "model/screen.h"
 #include "ui/childwindow.h"
 
+#include <functional>
 #include <vector>
 
 class QLabel;
@@ -19,8 +21,12 @@ public:
     frmWand();
 
     QLabel* lblStatus;
+    std::function<void(const QPoint& place)> OpenEditMenu; // as a pop-up, on the screen
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     QSize Within(const QSize& free, const QSize& own) const override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -30,12 +36,18 @@ private:
     void AddElement(int index, int column, int row);
     void RemoveElement(int index);
     void PlaceWall(const QRect& place);
+    bool HasField(int index) const;
+    WallElement* FieldAt(int index) const { return lblElement.at(static_cast<std::size_t>(index)); }
+    void PressField(int index, Qt::MouseButton button, Qt::KeyboardModifiers modifiers, const QPoint& place);
+    bool PressKey(int index, QKeyEvent* event);
+    void FocusField(int index);
 
     QScrollArea* area;
     QWidget* grid; // carries the fields, gapless from its top left
     std::vector<WallElement*> lblElement;
     double fieldWidth = 0;  // pixels
     double fieldHeight = 0; // pixels
+    int focusIndex = 0;     // the field that has the focus when the window has it
 };
 
 } // namespace quorvane

@@ -1,7 +1,9 @@
 // The main window's menu: names and captions, letter by letter.
 #include "devices/interface.h"
 #include "files/showfiles.h"
+#include "model/selection.h"
 #include "ui/MDIHaupt.h"
+#include "ui/frmColor.h"
 #include "ui/frmWand.h"
 
 #include <QMenuBar>
@@ -25,9 +27,9 @@ QAction* MDIHaupt::Entry(QMenu* menu, const char* name, const char* caption, std
 
 void MDIHaupt::BuildMenus() {
     BuildFileMenu();
-    mnuBearbeiten = Submenu(nullptr, "mnuBearbeiten", "&Bearbeiten");
-    Entry(mnuBearbeiten, "mnuWand", "&Wand", [this] { Wand->Open(); });
+    BuildEditMenu();
     BuildDmxMenu();
+    BuildWindowMenu();
 }
 
 void MDIHaupt::BuildFileMenu() {
@@ -48,6 +50,33 @@ void MDIHaupt::BuildFileMenu() {
 
     mnuDatei->addSeparator();
     Entry(mnuDatei, "mnuBeenden", "Be&enden", [this] { close(); });
+}
+
+void MDIHaupt::BuildEditMenu() {
+    mnuBearbeiten = Submenu(nullptr, "mnuBearbeiten", "&Bearbeiten");
+    Entry(mnuBearbeiten, "mnuFarbe", "&Farbe", [this] { Color->Open(); });
+    Entry(mnuBearbeiten, "mnuWand", "&Wand", [this] { Wand->Open(); });
+    mnuBearbeiten->addSeparator();
+    BuildSelectionMenu("mnuMusterHinzu", "&Muster hinzufügen", ShiftHeld);
+    BuildSelectionMenu("mnuMusterAusw", "Muster &auswählen", 0);
+    Entry(mnuBearbeiten, "mnuSelectAll", "Alles markieren", SelectAll);
+    Entry(mnuBearbeiten, "mnuInvertSelection", "Markierung &umkehren", InvertSelection);
+}
+
+// The eleven keys as entries, for whoever works with the mouse; the entry of F2 has the index 0.
+void MDIHaupt::BuildSelectionMenu(const char* name, const char* caption, int shift) {
+    QMenu* menu = Submenu(mnuBearbeiten, name, caption);
+    for (int key = KeyF2; key <= KeyF12; ++key) {
+        const QString number = QString::number(key - KeyF2);
+        Entry(menu, qPrintable(QString("%1(%2)").arg(name, number)),
+              qPrintable(QString("F%1").arg(key - KeyF2 + 2)),
+              [key, shift] { RememberOrRecallSelection(key, shift); });
+    }
+}
+
+void MDIHaupt::BuildWindowMenu() {
+    QMenu* mnuFenster = Submenu(nullptr, "mnuFenster", "Fenster");
+    Entry(mnuFenster, "mnuColorfenster", "Color Fenster", [this] { Color->Open(); });
 }
 
 void MDIHaupt::BuildDmxMenu() {

@@ -1,9 +1,11 @@
 #include "ui/questions.h"
 
+#include "model/colour.h"
 #include "platform/host.h"
 #include "ui/shown.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMainWindow>
@@ -102,6 +104,19 @@ std::optional<std::string> AskFile(const FileQuestion& question, QFileDialog::Ac
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
 }
 
+// The program's own dialog and not the desktop's, which may be of another look and language.
+std::optional<std::uint32_t> AskColourByDialog(std::uint32_t initial) {
+    const ScreenColour start = SplitScreenColour(initial);
+    QColorDialog dialog(QColor(start.Red, start.Green, start.Blue), QApplication::activeWindow());
+    dialog.setWindowTitle("Farbe wählen");
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    const QColor chosen = dialog.selectedColor();
+    return ScreenColourNumber({static_cast<std::uint8_t>(chosen.red()),
+                               static_cast<std::uint8_t>(chosen.green()),
+                               static_cast<std::uint8_t>(chosen.blue())});
+}
+
 } // namespace
 
 void AskByDialogs() {
@@ -112,6 +127,7 @@ void AskByDialogs() {
     Host.AskSaveFile = [](const FileQuestion& question) {
         return AskFile(question, QFileDialog::AcceptSave);
     };
+    Host.AskColour = AskColourByDialog;
     Host.Beep = [] { QApplication::beep(); };
 }
 

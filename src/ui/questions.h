@@ -1,9 +1,9 @@
-// The message boxes and file dialogs behind the Host's questions.
+// The message boxes, file dialogs and the colour dialog behind the Host's questions.
 #pragma once
 
 namespace quorvane {
 
-// Fills Host.MsgBox, AskOpenFile, AskSaveFile and Beep.
+// Fills Host.MsgBox, AskOpenFile, AskSaveFile, AskColour and Beep.
 void AskByDialogs();
 
 } // namespace quorvane

@@ -27,6 +27,14 @@ void UseDarkTheme(QApplication& application) {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, dimmed);
     application.setPalette(palette);
+
+    // What is ticked and what is dragged has to be found at a glance.
+    QPalette boxes = palette;
+    boxes.setColor(QPalette::Base, QColor(0x50, 0x55, 0x5f));
+    QApplication::setPalette(boxes, "QCheckBox");
+    QPalette sliders = palette;
+    sliders.setColor(QPalette::Button, QColor(0x82, 0x88, 0x94));
+    QApplication::setPalette(sliders, "QSlider");
 }
 
 } // namespace quorvane

@@ -4,7 +4,7 @@
 
 #include "model/screen.h"
 
-#include <QStaticText>
+#include <QPixmap>
 #include <QWidget>
 
 namespace quorvane {
@@ -14,20 +14,28 @@ public:
     // index is element - 1; the field shows the element's number.
     WallElement(int index, QWidget* parent);
 
+    const int Index;
+
     // Background only, on purpose: the text keeps the colour it has.
     void Paint(ScreenColour colour);
     // Highlight background and red text.
     void PaintSelected();
+    void PaintUnselected(ScreenColour colour);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void SetBackground(const QColor& colour);
+    void SetText(const QColor& colour);
+    void DrawNumber();
 
-    QStaticText number;
+    QPixmap number; // drawn once, since the field is painted at every tick of a blend
     QColor background = Qt::black;
     QColor text = Qt::white;
+    bool framed = false; // the focus came by a key
 };
 
 } // namespace quorvane

@@ -1,0 +1,53 @@
+#include "ui/field.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace quorvane {
+
+Field::Field(const QString& name, const QString& accessibleName) {
+    setObjectName(name);
+    setAccessibleName(accessibleName);
+}
+
+void Field::Put(const QString& shown) {
+    setText(shown);
+    put = shown;
+}
+
+// What a key types is known when it goes down: by the time it comes up, Ctrl may be up already.
+void Field::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    const bool visible =
+        !typed.isEmpty() && typed.at(0).isPrint() && !event->modifiers().testFlag(Qt::ControlModifier);
+    down[event->key()] = visible ? typed : QString();
+    QLineEdit::keyPressEvent(event);
+}
+
+void Field::keyReleaseEvent(QKeyEvent* event) {
+    QLineEdit::keyReleaseEvent(event);
+    if (event->isAutoRepeat() || !down.contains(event->key())) return;
+    const QString typed = down.take(event->key());
+    if (KeyUp) KeyUp(event->key(), typed);
+}
+
+void Field::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const bool menu = event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
+    const bool otherProgram = event->reason() == Qt::ActiveWindowFocusReason && !QApplication::activeWindow();
+    if (menu || otherProgram) return;
+    down.clear();
+    if (LostFocus) LostFocus();
+}
+
+bool IsNumberKey(const QString& typed) {
+    return typed.isEmpty() || (typed.at(0) >= QChar('.') && typed.at(0) <= QChar('9'));
+}
+
+void CheckFocusedField() {
+    auto* field = dynamic_cast<Field*>(QApplication::focusWidget());
+    if (field && field->LostFocus) field->LostFocus();
+}
+
+} // namespace quorvane

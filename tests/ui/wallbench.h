@@ -1,0 +1,64 @@
+// A started program with a wall in its wall window, for tests of what is done with elements.
+#pragma once
+
+#include "ui/windowbench.h"
+
+#include "model/wall.h"
+#include "ui/frmWand.h"
+
+#include <QLabel>
+
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+class WallBench : public WindowBench {
+protected:
+    // Starts the program and opens the wall window with a wall of 40 x 40 pixel fields and no unsaved work.
+    void StartWithWall(int columns, int rows) {
+        StartProgram();
+        MakeWall(columns, rows);
+        main->Wand->Open();
+    }
+    void MakeWall(int columns, int rows) {
+        Show.WallColumns = static_cast<std::uint8_t>(columns);
+        Show.WallRows = static_cast<std::uint8_t>(rows);
+        Show.WallAreaWidth = Show.WallAreaHeight = 600;
+        Show.ElementSize = 100;
+        NeueWandInit();
+        Show.ChangeFlags = {};
+    }
+    QWidget* Element(int element) {
+        return Find<QWidget>("frmWand", ("lblElement(" + std::to_string(element - 1) + ")").c_str());
+    }
+    // The colour of an element's field as it stands on the screen, beside its number.
+    QColor ShownColour(int element) { return Element(element)->grab().toImage().pixelColor(4, 4); }
+    // True when the field's number, or its frame, has a pixel of exactly this colour.
+    bool Shows(int element, const QColor& colour) {
+        const QImage image = Element(element)->grab().toImage();
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y) == colour) return true;
+        return false;
+    }
+    QColor Highlight() { return main->palette().color(QPalette::Highlight); }
+    std::string WallStatus() { return main->Wand->lblStatus->text().toStdString(); }
+    static std::vector<int> Selected() {
+        std::vector<int> elements;
+        for (int index = 0; index <= 254; ++index)
+            if (Show.ElementSelected[index] == 1) elements.push_back(index + 1);
+        return elements;
+    }
+    // A key as it comes from the keyboard: to whatever has the focus.
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(main->windowHandle(), key, modifiers);
+    }
+    void Type(const char* text) {
+        for (const char c : std::string(text)) QTest::keyClick(main->windowHandle(), c);
+    }
+
+    using Elements = std::vector<int>;
+};
+
+} // namespace quorvane
