@@ -16,10 +16,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr int ShortestHold = 1;    // ticks
-constexpr int ShortestBlend = 5;   // ticks
-constexpr int LongestTime = 65534; // ticks
-
 void EndTestMode() {
     if (!Show.StatusFlags.Has(Status::TestMode)) return;
     TestModeOff();

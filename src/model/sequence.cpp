@@ -9,12 +9,6 @@
 
 namespace quorvane {
 
-namespace {
-
-constexpr int ShortestTurboBlend = 5; // ticks
-
-} // namespace
-
 int HoldOf(int step) { return static_cast<std::uint16_t>(Show.SequenceTimes[step][HoldTime]); }
 
 int BlendOf(int step) { return static_cast<std::uint16_t>(Show.SequenceTimes[step][BlendTime]); }
@@ -30,7 +24,7 @@ int TurboHoldOf(int step) {
 
 int TurboBlendOf(int step) {
     const int blend = BlendOf(step);
-    return std::max(std::min(ShortestTurboBlend, blend), blend / Show.TurboFactor);
+    return std::max(std::min(ShortestBlend, blend), blend / Show.TurboFactor);
 }
 
 void ShowSequencerField(int field, std::string_view text) {

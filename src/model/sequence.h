@@ -9,6 +9,10 @@ constexpr int MaxRecordedSteps = 250; // the editor's limit
 constexpr int MaxLoadedSteps = 254;   // a file's limit
 constexpr int DefaultHold = 1;        // ticks
 constexpr int DefaultBlend = 50;      // ticks
+// What may be typed, in ticks.
+constexpr int ShortestHold = 1;
+constexpr int ShortestBlend = 5;
+constexpr int LongestTime = 65534;
 
 // Times of a step in ticks of 50 ms, 0..65535: the signed store is read as unsigned.
 int HoldOf(int step);

@@ -9,6 +9,7 @@
 #include "platform/host.h"
 #include "ui/field.h"
 #include "ui/frmColor.h"
+#include "ui/frmControl.h"
 #include "ui/frmIFS.h"
 #include "ui/frmWand.h"
 #include "ui/geometry.h"
@@ -48,6 +49,7 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
 
     Wand = AddChild<frmWand>();
     Color = AddChild<frmColor>();
+    Control = AddChild<frmControl>();
     BuildMenus();
     Wand->OpenEditMenu = [this](const QPoint& place) { mnuBearbeiten->popup(place); };
     FillScreen();
@@ -90,6 +92,7 @@ void MDIHaupt::FillScreen() {
 void MDIHaupt::OpenWindow(int number) {
     if (number == WallWindow) Wand->Open();
     if (number == ColourWindow) Color->Open();
+    if (number == SequencerWindow) Control->Open();
 }
 
 // Shown here, so that the windows inside find the area they are placed in.

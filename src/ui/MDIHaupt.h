@@ -14,6 +14,7 @@ namespace quorvane {
 
 class ChildWindow;
 class frmColor;
+class frmControl;
 class frmWand;
 
 class MDIHaupt : public QMainWindow {
@@ -30,6 +31,7 @@ public:
     QLabel* lblStatus; // repeats the wall window's status line, which may be closed
     frmWand* Wand;
     frmColor* Color;
+    frmControl* Control;
 
     // True once the user has asked for the program's end while a command was still waiting.
     bool ClosePending() const { return closePending; }

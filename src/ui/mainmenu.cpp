@@ -4,6 +4,7 @@
 #include "model/selection.h"
 #include "ui/MDIHaupt.h"
 #include "ui/frmColor.h"
+#include "ui/frmControl.h"
 #include "ui/frmWand.h"
 
 #include <QMenuBar>
@@ -76,6 +77,7 @@ void MDIHaupt::BuildSelectionMenu(const char* name, const char* caption, int shi
 
 void MDIHaupt::BuildWindowMenu() {
     QMenu* mnuFenster = Submenu(nullptr, "mnuFenster", "Fenster");
+    Entry(mnuFenster, "mnuTransporter", "Sequenzer", [this] { Control->Open(); });
     Entry(mnuFenster, "mnuColorfenster", "Color Fenster", [this] { Color->Open(); });
 }
 
