@@ -7,10 +7,12 @@
 #include "model/show.h"
 #include "model/wall.h"
 #include "platform/host.h"
+#include "platform/programfolder.h"
 #include "ui/field.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
 #include "ui/frmIFS.h"
+#include "ui/frmNeueWand.h"
 #include "ui/frmWand.h"
 #include "ui/geometry.h"
 #include "ui/shown.h"
@@ -116,6 +118,14 @@ void MDIHaupt::PlaceMain() {
 
 bool MDIHaupt::MDIForm_Load() { return StartProgram(); }
 
+// The output rests while the wall is being changed; a sequence that plays goes on afterwards.
+void MDIHaupt::mnuNeueWand_Click() {
+    const bool running = Show.AutoXmit.Enabled;
+    Show.AutoXmit.Enabled = false;
+    frmNeueWand(this).exec();
+    Show.AutoXmit.Enabled = running;
+}
+
 void MDIHaupt::mnuKillWand_Click() {
     if (!Show.StatusFlags.Has(Status::WallExists)) return;
     if (Host.MsgBox("Soll ich die Wand wirklich löschen?", Buttons::YesNo, ApplicationTitle,
@@ -133,6 +143,11 @@ void MDIHaupt::mnuDMXInit_Click() {
         close();
     else if (choose)
         frmIFS(this).exec();
+}
+
+void MDIHaupt::mnuHilfe_Click() {
+    if (!Host.StartEditor(TextOf(FindInFolder(PathOf(Host.ProgramFolder), "quorvane.doc"))))
+        Host.MsgBox("Hilfe finden Sie in der Datei QUORVANE.DOC", Buttons::Ok, "Hilfe", Icon::Exclamation);
 }
 
 bool MDIHaupt::MDIForm_QueryUnload() {

@@ -47,6 +47,7 @@ private:
     void BuildDmxMenu();
     void BuildWindowMenu();
     void BuildSelectionMenu(const char* name, const char* caption, int shift);
+    void BuildHelpMenu();
     QMenu* Submenu(QMenu* parent, const char* name, const char* caption);
     QAction* Entry(QMenu* menu, const char* name, const char* caption, std::function<void()> chosen);
     template<class Window> Window* AddChild();
@@ -54,8 +55,10 @@ private:
     void OpenWindow(int number);
     void PlaceMain();
 
+    void mnuNeueWand_Click();
     void mnuKillWand_Click();
     void mnuDMXInit_Click();
+    void mnuHilfe_Click();
     bool MDIForm_QueryUnload();
     void MDIForm_Unload();
 

@@ -5,6 +5,7 @@
 #include "ui/MDIHaupt.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
+#include "ui/frmInfo.h"
 #include "ui/frmWand.h"
 
 #include <QMenuBar>
@@ -31,10 +32,12 @@ void MDIHaupt::BuildMenus() {
     BuildEditMenu();
     BuildDmxMenu();
     BuildWindowMenu();
+    BuildHelpMenu();
 }
 
 void MDIHaupt::BuildFileMenu() {
     QMenu* mnuDatei = Submenu(nullptr, "mnuDatei", "&Datei");
+    Entry(mnuDatei, "mnuNeueWand", "Neue &Wand", [this] { mnuNeueWand_Click(); });
     Entry(mnuDatei, "mnuKillWand", "Wand löschen", [this] { mnuKillWand_Click(); });
 
     QMenu* mnuLaden = Submenu(mnuDatei, "mnuLaden", "Laden");
@@ -90,6 +93,12 @@ void MDIHaupt::BuildDmxMenu() {
         mnuDMXStop_Click();
     });
     mnuDMXStop->setCheckable(true);
+}
+
+void MDIHaupt::BuildHelpMenu() {
+    QMenu* mnuHelp = Submenu(nullptr, "mnuHelp", "&Hilfe");
+    Entry(mnuHelp, "mnuInfo", "&Info", [this] { frmInfo(this).exec(); });
+    Entry(mnuHelp, "mnuHilfe", "&Hilfe", [this] { mnuHilfe_Click(); });
 }
 
 } // namespace quorvane
