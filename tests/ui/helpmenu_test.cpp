@@ -1,0 +1,77 @@
+#include "ui/windowbench.h"
+
+#include "ui/frmInfo.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QScreen>
+
+namespace quorvane {
+
+using HelpMenu = WindowBench;
+
+TEST_F(HelpMenu, CarriesItsCaptions) {
+    StartProgram();
+    EXPECT_EQ(main->findChild<QMenu*>("mnuHelp")->title(), "&Hilfe");
+    EXPECT_EQ(Entry("mnuInfo")->text(), "&Info");
+    EXPECT_EQ(Entry("mnuHilfe")->text(), "&Hilfe");
+}
+
+TEST_F(HelpMenu, InfoBoxNamesProgramAndVersionInTheMiddleOfTheScreen) {
+    StartProgram();
+    main->setGeometry(0, 0, 300, 200); // so that its middle is not the screen's
+    WhenAsked([](QDialog* asked) {
+        auto* info = dynamic_cast<frmInfo*>(asked);
+        ASSERT_NE(info, nullptr);
+        EXPECT_EQ(info->lblInfo->text(), "DMX QUORVANE V 1.21");
+        EXPECT_EQ(info->cmdInfo->text(), "&OK");
+        const QPoint off = info->frameGeometry().center() - info->screen()->geometry().center();
+        EXPECT_LE(off.manhattanLength(), 40); // the frame's title may come in afterwards
+        QTest::mouseClick(info->cmdInfo, Qt::LeftButton);
+    });
+    Choose("mnuInfo");
+}
+
+TEST_F(HelpMenu, InfoBoxClosesByItselfAfterFiveSeconds) {
+    StartProgram();
+    frmInfo info(main.get());
+    const double before = Host.Seconds();
+    info.AutoUnload();
+    EXPECT_FALSE(info.isVisible());
+    EXPECT_NEAR(Host.Seconds() - before, 5, 0.1);
+}
+
+TEST_F(HelpMenu, InfoBoxThatWouldCloseByItselfClosesAtOnceOnItsButton) {
+    StartProgram();
+    frmInfo info(main.get());
+    QTimer::singleShot(0, &info, [&info] { QTest::mouseClick(info.cmdInfo, Qt::LeftButton); });
+    const double before = Host.Seconds();
+    info.AutoUnload();
+    EXPECT_FALSE(info.isVisible());
+    EXPECT_LT(Host.Seconds() - before, 4);
+}
+
+TEST_F(HelpMenu, HelpFileIsOpenedInTheSystemsEditor) {
+    StartProgram();
+    Write("Quorvane.DOC", "Hilfe");
+    std::string opened;
+    Host.StartEditor = [&opened](std::string_view path) {
+        opened = path;
+        return true;
+    };
+    Choose("mnuHilfe");
+    EXPECT_EQ(opened, QDir::toNativeSeparators(Folder.filePath("Quorvane.DOC")).toStdString());
+    EXPECT_TRUE(Boxes.empty());
+}
+
+TEST_F(HelpMenu, MissingEditorIsToldWithTheNameOfTheFile) {
+    StartProgram();
+    Answer(QMessageBox::Ok);
+    Choose("mnuHilfe");
+    ASSERT_EQ(Boxes.size(), 1u);
+    EXPECT_EQ(Boxes[0].Title, "Hilfe");
+    EXPECT_EQ(Boxes[0].Text, "Hilfe finden Sie in der Datei QUORVANE.DOC");
+}
+
+} // namespace quorvane
