@@ -27,17 +27,17 @@ std::string TextOf(const std::filesystem::path& path) {
 }
 
 std::filesystem::path FindInFolder(const std::filesystem::path& folder, std::string_view name) {
-    const std::filesystem::path exact = folder / PathOf(name);
     std::error_code error;
-    if (std::filesystem::exists(exact, error)) return exact;
     std::filesystem::path found;
     std::filesystem::directory_iterator entry(folder, error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         const std::filesystem::path& path = entry->path();
-        if (!SameBesidesCase(TextOf(path.filename()), name)) continue;
+        const std::string spelling = TextOf(path.filename());
+        if (spelling == name) return path;
+        if (!SameBesidesCase(spelling, name)) continue;
         if (found.empty() || path < found) found = path;
     }
-    return found.empty() ? exact : found;
+    return found.empty() ? folder / PathOf(name) : found;
 }
 
 } // namespace quorvane
