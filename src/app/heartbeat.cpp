@@ -1,5 +1,6 @@
 #include "app/heartbeat.h"
 
+#include "devices/playunit.h"
 #include "engine/outputclock.h"
 #include "model/screen.h"
 #include "model/show.h"
@@ -52,6 +53,7 @@ void Heartbeat::Beat() {
     grid.Advance(Seconds());
     timer.ArmAt(grid.Next());
     RunTick(Show.AutoXmit, AutoXmit_Timer);
+    RunTick(Show.timSendToMerger, timSendToMerger_Timer);
     awake.Follow(Show.AutoXmit.Enabled, Show.StatusFlags.Has(Status::SequencePlaying));
 }
 

@@ -1,6 +1,7 @@
 #include "files/lifecycle.h"
 
 #include "devices/interface.h"
+#include "devices/playunit.h"
 #include "files/guard.h"
 #include "files/settingsfile.h"
 #include "model/screen.h"
@@ -62,8 +63,8 @@ bool MayClose() {
 }
 
 void StopOutput() {
+    AbandonTransfer(); // the settings keep the parameters that stood before it
     Show.AutoXmit.Enabled = false;
-    Show.timSendToMerger.Enabled = false;
     ClosePort(Show.InterfaceType);
 }
 

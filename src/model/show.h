@@ -158,6 +158,10 @@ struct ShowState {
     std::int16_t ChannelCount = 0;                    // DMX channels in use
     std::string InterfaceName;                        // of the open interface, for the caption
 
+    // Transfer to the play unit
+    std::uint8_t TransferImage = 0;         // the image that the next tick sends, 1..255
+    Table<std::uint8_t, 0, 16> SavedDmxIni; // low bytes of DmxIni before the transfer
+
     // Files and last state. Paths are full names, empty when there is none.
     std::string IniPath;
     std::string ConfigFile;

@@ -1,5 +1,6 @@
 // The main window's menu: names and captions, letter by letter.
 #include "devices/interface.h"
+#include "devices/playunit.h"
 #include "files/showfiles.h"
 #include "model/selection.h"
 #include "ui/MDIHaupt.h"
@@ -51,6 +52,9 @@ void MDIHaupt::BuildFileMenu() {
     Entry(mnuSpeichern, "mnuSceneSpeichern", "&Szene ", SaveScene); // trailing blank on purpose
     Entry(mnuSpeichern, "mnuSequenceSpeichern", "Se&quenz", SaveSequence);
     Entry(mnuSpeichern, "mnuFarbtblSpeichern", "&Farbtabelle", SaveColourTable);
+
+    QMenu* mnuSendSequence = Submenu(mnuDatei, "mnuSendSequence", "Sequenz senden");
+    Entry(mnuSendSequence, "mnuSequenceToMerger", "zum Merger über DMX", mnuSequenceToMerger_Click);
 
     mnuDatei->addSeparator();
     Entry(mnuDatei, "mnuBeenden", "Be&enden", [this] { close(); });

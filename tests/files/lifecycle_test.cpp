@@ -2,6 +2,7 @@
 
 #include "bench/bench.h"
 
+#include "devices/playunit.h"
 #include "model/screen.h"
 
 namespace quorvane {
@@ -175,6 +176,21 @@ TEST_F(Lifecycle, EndStopsTheClocksAndClosesTheInterfaceWithoutABlackout) {
     EXPECT_FALSE(Show.AutoXmit.Enabled);
     EXPECT_EQ(UsbCommands, std::vector<int>{2});
     EXPECT_EQ(Show.InterfaceOpen[3], 0);
+}
+
+TEST_F(Lifecycle, EndDuringATransferKeepsTheParametersThatStoodBeforeIt) {
+    ASSERT_TRUE(StartProgram());
+    Show.InterfaceType = IsaCardB;
+    Show.CardBase = 0x100;
+    for (int word = 0; word <= 10; ++word) Show.DmxIni[word] = static_cast<std::int16_t>(20 + word);
+    mnuSequenceToMerger_Click();
+    ASSERT_TRUE(Show.timSendToMerger.Enabled);
+    timSendToMerger_Timer();
+    StopOutput();
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(Show.DmxIni[1], 21);
+    EXPECT_EQ(Show.DmxIni[6], 26);
 }
 
 } // namespace quorvane

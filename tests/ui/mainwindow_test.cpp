@@ -34,6 +34,7 @@ TEST_F(MainWindowTest, MenuCarriesNamesAndCaptionsLetterByLetter) {
                                           {"mnuSpeichern", "mnuSceneSpeichern", "&Szene "},
                                           {"mnuSpeichern", "mnuSequenceSpeichern", "Se&quenz"},
                                           {"mnuSpeichern", "mnuFarbtblSpeichern", "&Farbtabelle"},
+                                          {"mnuSendSequence", "mnuSequenceToMerger", "zum Merger über DMX"},
                                           {"mnuDatei", "mnuBeenden", "Be&enden"},
                                           {"mnuBearbeiten", "mnuWand", "&Wand"},
                                           {"mnuDMX", "mnuDMXInit", "Karte &initialisieren"},
@@ -98,6 +99,17 @@ TEST_F(MainWindowTest, WallIsRemovedUnlessTheAnswerIsNo) {
     EXPECT_FALSE(Show.StatusFlags.Has(Status::WallExists));
     ASSERT_EQ(Boxes.size(), 2u);
     EXPECT_EQ(Boxes[0].Text, "Soll ich die Wand wirklich löschen?");
+}
+
+TEST_F(MainWindowTest, SequenceIsNotSentToThePlayUnitWithoutACard) {
+    StartProgram();
+    Answer(QMessageBox::Ok);
+    Choose("mnuSequenceToMerger");
+    ASSERT_EQ(Boxes.size(), 1u);
+    EXPECT_EQ(Boxes[0].Text, "Ohne Karte kann nicht gesendet werden.\n"
+                             "Bitte installieren Sie eine DMX-Interfacekarte 7300B");
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    EXPECT_TRUE(Show.AutoXmit.Enabled);
 }
 
 TEST_F(MainWindowTest, RemovingTheWallAsksNothingWithoutOne) {

@@ -1,0 +1,274 @@
+#include "devices/playunit.h"
+
+#include "bench/portbench.h"
+#include "bench/sha256.h"
+#include "bench/testdata.h"
+#include "devices/interface.h"
+#include "devices/sceneimage.h"
+#include "model/sequence.h"
+
+#include <nlohmann/json.hpp>
+
+#include <fstream>
+#include <sstream>
+
+namespace quorvane {
+namespace {
+
+using nlohmann::json;
+using TextList = std::vector<std::string>;
+
+class PlayUnit : public PortBench {
+protected:
+    PlayUnit() {
+        MakeWall(2, 1);
+        Show.StepCount = 3;
+        Show.InterfaceType = IsaCardB;
+        Show.CardBase = 0x140;
+        Show.AutoXmit.Enabled = true;
+        for (int word = 0; word <= 15; ++word) Show.DmxIni[word] = static_cast<std::int16_t>(300 + word);
+        PlugIn(CardModel::C7300B);
+    }
+
+    void Tick(int times = 1) {
+        for (int i = 0; i < times; ++i) {
+            Trace.clear();
+            timSendToMerger_Timer();
+        }
+    }
+
+    std::vector<int> Words() const { return {Show.DmxIni.begin(), Show.DmxIni.end()}; }
+};
+
+TEST_F(PlayUnit, TransferIsRefusedWithoutACard) {
+    for (const int base : {0, 255}) {
+        Log.clear();
+        PaintedElements.clear();
+        Show.CardBase = base;
+        Show.CurrentStep = 2;
+        mnuSequenceToMerger_Click();
+        EXPECT_EQ(Log,
+                  (std::vector<Noticed>{{"beep", "", "", ""},
+                                        {"box",
+                                         "Ohne Karte kann nicht gesendet werden.\nBitte installieren Sie "
+                                         "eine DMX-Interfacekarte 7300B",
+                                         "", "QUORVANE"}}));
+        EXPECT_EQ(PaintedElements, (std::vector<int>{0, 1}));
+        EXPECT_EQ(Show.CurrentStep, 2) << "a sequence on another interface is not moved on";
+        EXPECT_FALSE(Show.timSendToMerger.Enabled);
+        EXPECT_TRUE(Show.AutoXmit.Enabled);
+    }
+    EXPECT_TRUE(Trace.empty());
+}
+
+TEST_F(PlayUnit, TransferIsRefusedWhileASequencePlays) {
+    Show.StatusFlags.Set(Status::SequencePlaying);
+    mnuSequenceToMerger_Click();
+    EXPECT_EQ(Texts("box"), TextList{"Während eine Sequenz abgespielt wird, kann nicht gesendet werden!"});
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    EXPECT_TRUE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(Show.DmxIni[3], 303);
+}
+
+TEST_F(PlayUnit, TransferStopsTheClockAndTakesTheParameterBlock) {
+    Show.SequencerField[1] = "515";
+    mnuSequenceToMerger_Click();
+    EXPECT_TRUE(Show.timSendToMerger.Enabled);
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(LastText("caption", "MDIHaupt"),
+              ": KMO DMX QUORVANE  ....stopped: transferring Sequence to PlayUnit");
+    EXPECT_EQ(Words(), (std::vector<int>{300, 301, 302, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(Show.SavedDmxIni[10], 310 & 255);
+    EXPECT_EQ(Show.SavedDmxIni[11], 0);
+    EXPECT_EQ(Show.SavedDmxIni[16], 515 & 255);
+    EXPECT_TRUE(Trace.empty());
+}
+
+TEST_F(PlayUnit, SecondStartDuringATransferKeepsTheSavedParameters) {
+    mnuSequenceToMerger_Click();
+    Tick(2);
+    mnuSequenceToMerger_Click();
+    EXPECT_EQ(Show.TransferImage, 3);
+    EXPECT_EQ(Show.SavedDmxIni[3], 303 & 255);
+}
+
+TEST_F(PlayUnit, TickStrobesThenWritesParametersThenTheImage) {
+    for (const std::int16_t type : {IsaCardB, IsaCardC}) {
+        Show.InterfaceType = type;
+        Show.timSendToMerger.Enabled = false;
+        mnuSequenceToMerger_Click();
+        Tick();
+        ASSERT_EQ(Trace.size(), 1u + 3 * 16 + 3 * 512);
+        EXPECT_EQ(Trace[0], (type == IsaCardB ? PortAccess{'w', 0x140, 0} : PortAccess{'r', 0x140, 0}));
+        EXPECT_EQ(Trace[1], (PortAccess{'w', 0x140, 1008 & 255}));
+        EXPECT_EQ(Trace[2], (PortAccess{'w', 0x141, 3}));
+        EXPECT_EQ(Trace[6], (PortAccess{'w', 0x142, 1})); // word 1: the image's number
+        EXPECT_EQ(Trace[49], (PortAccess{'w', 0x140, 0}));
+        EXPECT_EQ(Trace[50], (PortAccess{'w', 0x141, 4}));
+        EXPECT_EQ(Bus.Cards[0].Level(512), 128);
+    }
+}
+
+TEST_F(PlayUnit, ThreeStepsAreFollowedByTheLastSceneImageAndFillImages) {
+    mnuSequenceToMerger_Click();
+    for (int image = 1; image <= 255; ++image) {
+        Tick();
+        const SceneImage expected = BuildSceneImage(image);
+        for (int channel = 1; channel <= 512; ++channel)
+            ASSERT_EQ(Bus.Cards[0].Level(channel), expected[channel - 1]) << image << " " << channel;
+        ASSERT_EQ(Bus.Cards[0].Memory[1009], image);
+    }
+    const TextList progress = Texts("status");
+    ASSERT_EQ(progress.size(), 256u);
+    EXPECT_EQ(progress[0], "Schreibe Scene (Lichtbild) Nr.: 0");
+    EXPECT_EQ(progress[2], "Schreibe Scene (Lichtbild) Nr.: 2");
+    EXPECT_EQ(progress[3], "Schreibe letzte Scene (Lichtbild) 3");
+    EXPECT_EQ(progress[4], "Fülle Lichtbild  mit Null auf  4");
+    EXPECT_EQ(progress[254], "Fülle Lichtbild  mit Null auf  254");
+    EXPECT_EQ(progress[255], "Fertig mit Senden.");
+}
+
+TEST_F(PlayUnit, EndRestoresLowBytesOnlyAndWordsElevenToFifteenBecomeZero) {
+    Show.AutoXmit.Enabled = false;
+    mnuSequenceToMerger_Click();
+    Tick(254);
+    EXPECT_TRUE(Show.timSendToMerger.Enabled);
+    EnableOutputClock();
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    Tick();
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    EXPECT_TRUE(Show.AutoXmit.Enabled) << "whether it was on before or not";
+    EXPECT_EQ(Words(), (std::vector<int>{300, 45, 46, 47, 48, 49, 50, 51, 52, 53, 54, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(Show.DmxIniDirty, 1);
+    EXPECT_EQ(LastText("caption", "MDIHaupt"), ": KMO DMX QUORVANE  ....Transfer complete");
+}
+
+TEST_F(PlayUnit, AbandonedTransferLeavesTheParameterBlockAsItWas) {
+    mnuSequenceToMerger_Click();
+    Tick(10);
+    AbandonTransfer();
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(Words(), (std::vector<int>{300, 45, 46, 47, 48, 49, 50, 51, 52, 53, 54, 0, 0, 0, 0, 0}));
+    Show.DmxIni[1] = 99;
+    AbandonTransfer();
+    EXPECT_EQ(Show.DmxIni[1], 99) << "there is none any more";
+}
+
+TEST_F(PlayUnit, TransferIsAbandonedWhenTheCardIsGone) {
+    mnuSequenceToMerger_Click();
+    Tick(3);
+    ReportFailure(IsaCardB);
+    Tick();
+    EXPECT_TRUE(Trace.empty());
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    EXPECT_EQ(Show.DmxIni[3], 47);
+}
+
+TEST_F(PlayUnit, EmptySequenceSendsStepOneAsTheLastSceneImage) {
+    Show.StepCount = 0;
+    Show.SequenceSteps[1][1][1] = 77;
+    mnuSequenceToMerger_Click();
+    Tick();
+    EXPECT_EQ(Bus.Cards[0].Level(1), 77);
+    EXPECT_EQ(Bus.Cards[0].Level(512), 0);
+    EXPECT_EQ(Texts("status"), TextList{"Schreibe letzte Scene (Lichtbild) 0"});
+}
+
+// Worked-out transfers, every port access of all 255 ticks.
+class TransferSamples : public PlayUnit {
+protected:
+    // The numbers of the line behind the line that is the section's name.
+    static std::vector<int> Numbers(const std::filesystem::path& path, const std::string& section) {
+        std::ifstream file(path);
+        std::string line;
+        while (std::getline(file, line) && !line.starts_with(section)) {
+        }
+        std::getline(file, line);
+        std::istringstream fields(line);
+        std::vector<int> numbers;
+        for (std::string field; std::getline(fields, field, ',');) numbers.push_back(std::stoi(field));
+        return numbers;
+    }
+
+    static void LoadWall(const json& config) {
+        Show.ElementCount = static_cast<std::uint8_t>(config["patch"].size());
+        for (int element = 1; element <= Show.ElementCount; ++element)
+            for (int channel = 1; channel <= 4; ++channel) {
+                const auto e = static_cast<std::size_t>(element - 1);
+                const auto c = static_cast<std::size_t>(channel - 1);
+                Show.Patch[element][channel] = config["patch"][e][c];
+                Show.ColourCorrection[element][channel] = config["correction"][e][c];
+            }
+    }
+
+    static void LoadSteps(const std::filesystem::path& path) {
+        const std::vector<int> levels = Numbers(path, "[Sequence]");
+        const std::vector<int> times = Numbers(path, "[HOLDBLEND]");
+        Show.StepCount = static_cast<std::uint8_t>(times.size() / 2);
+        ASSERT_EQ(levels.size(), std::size_t{4} * Show.StepCount * Show.ElementCount);
+        auto level = levels.begin();
+        auto time = times.begin();
+        for (int step = 1; step <= Show.StepCount; ++step) {
+            for (int element = 1; element <= Show.ElementCount; ++element)
+                for (int channel = 1; channel <= 4; ++channel)
+                    Show.SequenceSteps[step][element][channel] = static_cast<std::uint8_t>(*level++);
+            SetHold(step, *time++);
+            SetBlend(step, *time++);
+        }
+    }
+
+    json TraceAsJson() const {
+        json trace = json::array();
+        for (const auto& [kind, port, value] : Trace)
+            trace.push_back(kind == 'r' ? json{"r", port} : json{"w", port, value});
+        return trace;
+    }
+
+    void Play(const std::filesystem::path& folder) {
+        std::ifstream file(folder / "expected.json");
+        const json expected = json::parse(file);
+        LoadWall(expected["config"]);
+        LoadSteps(folder / "show.QSQ");
+        Show.InterfaceType = expected["interface_type"];
+        Show.CardBase = expected["CardBase"];
+        for (int word = 0; word <= 15; ++word)
+            Show.DmxIni[word] = expected["DmxIni_before"][static_cast<std::size_t>(word)];
+        Log.clear();
+        mnuSequenceToMerger_Click();
+        std::string images;
+        for (std::size_t tick = 0; tick < 255; ++tick) {
+            Trace.clear();
+            timSendToMerger_Timer();
+            const json& wanted = expected["ticks"][tick];
+            ASSERT_EQ(Trace.size(), wanted["accesses"]) << tick;
+            ASSERT_EQ(Sha256(TraceAsJson().dump()), wanted["sha256"]) << tick;
+            const json& number = wanted["progress"][1];
+            ASSERT_EQ(Texts("status").back(), wanted["progress"][0].get<std::string>() +
+                                                  (number.is_null() ? "" : number.get<std::string>()))
+                << tick;
+            for (int channel = 1; channel <= 512; ++channel)
+                images += static_cast<char>(Bus.Cards[0].Level(channel));
+        }
+        std::ifstream imagesFile(folder / "images.bin", std::ios::binary);
+        EXPECT_TRUE(images == std::string(std::istreambuf_iterator<char>(imagesFile), {}));
+        TextList captions;
+        for (const json& entry : expected["log"]) captions.push_back(entry["text"]);
+        EXPECT_EQ(Texts("caption"), captions);
+        EXPECT_EQ(json(Words()), expected["DmxIni_after"]);
+        EXPECT_EQ(Show.DmxIniDirty, expected["DmxIniDirty"]);
+        EXPECT_EQ(Show.timSendToMerger.Enabled, expected["running"]);
+    }
+};
+
+TEST_F(TransferSamples, FiveStepsGoOutAsWorkedOut) { Play(TestData("samples/154-transfer")); }
+
+TEST_F(TransferSamples, TwoHundredFiftyFourStepsGoOutAsWorkedOut) { Play(TestData("samples/155-transfer")); }
+
+TEST_F(TransferSamples, DigestIsTheKnownOne) {
+    EXPECT_EQ(Sha256("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    EXPECT_EQ(Sha256(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+}
+
+} // namespace
+} // namespace quorvane
