@@ -63,7 +63,7 @@ void frmWand::FillScreen() {
     Screen.AddElement = [this](int index, int column, int row) { AddElement(index, column, row); };
     Screen.RemoveElement = [this](int index) { RemoveElement(index); };
     Screen.PaintElement = [this](int index, ScreenColour colour) {
-        if (HasField(index)) FieldAt(index)->Paint(colour);
+        if (HasField(index)) PaintElement(index, colour);
     };
     Screen.PaintSelected = [this](int index) {
         if (HasField(index)) FieldAt(index)->PaintSelected();
@@ -73,6 +73,20 @@ void frmWand::FillScreen() {
     };
     Screen.WallCaption = [this](std::string_view text) { setWindowTitle(ShownAsTitle(TrimmedRight(text))); };
     Screen.ShowWall = [this] { Open(); };
+}
+
+// Within a tick only the colour is kept: the frame goes out first, then the fields are drawn.
+void frmWand::PaintElement(int index, ScreenColour colour) {
+    FieldAt(index)->Paint(colour);
+    if (refreshPending) return;
+    refreshPending = true;
+    QMetaObject::invokeMethod(
+        this, [this] { RefreshFields(); }, Qt::QueuedConnection);
+}
+
+void frmWand::RefreshFields() {
+    refreshPending = false;
+    for (WallElement* field : lblElement) field->Refresh();
 }
 
 void frmWand::SizeWall(double width, double height, double labelWidth, double labelHeight) {

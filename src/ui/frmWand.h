@@ -32,6 +32,8 @@ protected:
 
 private:
     void FillScreen();
+    void PaintElement(int index, ScreenColour colour);
+    void RefreshFields();
     void SizeWall(double width, double height, double labelWidth, double labelHeight);
     void AddElement(int index, int column, int row);
     void RemoveElement(int index);
@@ -45,9 +47,10 @@ private:
     QScrollArea* area;
     QWidget* grid; // carries the fields, gapless from its top left
     std::vector<WallElement*> lblElement;
-    double fieldWidth = 0;  // pixels
-    double fieldHeight = 0; // pixels
-    int focusIndex = 0;     // the field that has the focus when the window has it
+    bool refreshPending = false; // painted colours wait to be drawn
+    double fieldWidth = 0;       // pixels
+    double fieldHeight = 0;      // pixels
+    int focusIndex = 0;          // the field that has the focus when the window has it
 };
 
 } // namespace quorvane

@@ -12,7 +12,16 @@ WallElement::WallElement(int index, QWidget* parent) : QWidget(parent), Index(in
     setFocusPolicy(Qt::ClickFocus);
 }
 
-void WallElement::Paint(ScreenColour colour) { SetBackground(QColor(colour.Red, colour.Green, colour.Blue)); }
+void WallElement::Paint(ScreenColour colour) {
+    const QColor painted(colour.Red, colour.Green, colour.Blue);
+    stale = stale || painted != background;
+    background = painted;
+}
+
+void WallElement::Refresh() {
+    if (stale) update();
+    stale = false;
+}
 
 void WallElement::PaintSelected() {
     SetText(Qt::red);
@@ -22,6 +31,7 @@ void WallElement::PaintSelected() {
 void WallElement::PaintUnselected(ScreenColour colour) {
     SetText(Qt::white);
     Paint(colour);
+    Refresh();
 }
 
 void WallElement::SetBackground(const QColor& colour) {

@@ -16,8 +16,10 @@ public:
 
     const int Index;
 
-    // Background only, on purpose: the text keeps the colour it has.
+    // Background only, on purpose: the text keeps the colour it has. Seen after Refresh.
     void Paint(ScreenColour colour);
+    // Has the field drawn anew when Paint has changed it.
+    void Refresh();
     // Highlight background and red text.
     void PaintSelected();
     void PaintUnselected(ScreenColour colour);
@@ -35,6 +37,7 @@ private:
     QPixmap number; // drawn once, since the field is painted at every tick of a blend
     QColor background = Qt::black;
     QColor text = Qt::white;
+    bool stale = false;  // the background is not on the screen yet
     bool framed = false; // the focus came by a key
 };
 
