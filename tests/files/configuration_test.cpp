@@ -180,12 +180,19 @@ TEST_P(BadConfiguration, IsToldAndLeavesTheWall) {
     EXPECT_EQ(Show.WallColumns, 4);
 }
 
+// Not a parameter: every start of the test program would make and copy it.
+TEST_F(Configuration, FarTooLargeIsToldAndLeavesTheWall) {
+    MakeWall(4, 3);
+    Load(std::string(20'000'000, 'x'));
+    EXPECT_EQ(Boxes(), TextList{OtherFailure});
+    EXPECT_EQ(Show.ElementCount, 12);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Files, BadConfiguration,
     testing::Values(BadFile{"Empty", ""}, BadFile{"HeaderOnly", "Configuration von QUORVANE 99\r\n"},
                     BadFile{"Truncated", "Configuration von QUORVANE 99\r\n[NA"},
-                    BadFile{"Binary", std::string("\x7F\x45LF\0\0\1\2\3,\xFF\xFE\r\n", 14)},
-                    BadFile{"FarTooLarge", std::string(20'000'000, 'x')}),
+                    BadFile{"Binary", std::string("\x7F\x45LF\0\0\1\2\3,\xFF\xFE\r\n", 14)}),
     [](const auto& parameter) { return parameter.param.Name; });
 
 TEST_F(Configuration, ReadBeforeTheFailureStays) {
