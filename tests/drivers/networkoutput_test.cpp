@@ -1,17 +1,10 @@
-// The built-in output, heard by a socket on loopback. The time is moved by hand; only one test waits for
-// the event loop, to see that it calls the service at all.
+// Frames, addresses and network cards of the built-in output, and the identity of the sender.
 #include "drivers/network_identity.h"
-#include "drivers/network_output.h"
+#include "drivers/networkoutputbench.h"
 
 #include <QFile>
-#include <QNetworkDatagram>
 #include <QNetworkInterface>
 #include <QTemporaryDir>
-#include <QTest>
-
-#include <array>
-#include <memory>
-#include <vector>
 
 #ifdef Q_OS_LINUX
 #include <sys/resource.h>
@@ -21,15 +14,6 @@ using namespace quorvane;
 
 namespace {
 
-constexpr Cid TestCid = {0xC1, 0xD0, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
-
-// Where the fields stand that these tests look at.
-constexpr int SacnPriority = 108, SacnSequence = 111, SacnOptions = 112, SacnUniverseLow = 114,
-              SacnChannel1 = 126;
-constexpr int ArtNetSequence = 12, ArtNetChannel1 = 18;
-
-int Byte(const QByteArray& packet, int at) { return static_cast<unsigned char>(packet[at]); }
-
 QNetworkInterface Loopback() {
     for (const QNetworkInterface& card : QNetworkInterface::allInterfaces())
         if (card.flags().testFlag(QNetworkInterface::IsLoopBack)) return card;
@@ -38,68 +22,11 @@ QNetworkInterface Loopback() {
 
 } // namespace
 
-class NetworkOutputTest : public QObject {
+class NetworkOutputTest : public NetworkOutputBench {
     Q_OBJECT
 
-    std::unique_ptr<QUdpSocket> receiver;
-    std::vector<std::string> reports;
-    std::int64_t now = 0; // milliseconds
-    std::array<std::uint8_t, 512> frame{};
-
-    std::unique_ptr<NetworkOutput> MakeOutput(const OutputSettings& settings = {}) {
-        return std::make_unique<NetworkOutput>(
-            settings, TestCid,
-            NetworkOutput::Surroundings{
-                .Report = [this](std::string_view text) { reports.emplace_back(text); },
-                .Seconds = [this] { return static_cast<double>(now) / 1000.0; },
-                .Port = receiver->localPort()});
-    }
-
-    static OutputSettings ArtNet() {
-        OutputSettings settings;
-        settings.Protocol = OutputProtocol::ArtNet;
-        settings.Universe = 0;
-        return settings;
-    }
-
-    // As the program initialises a USB interface, and as its clock sends a frame.
-    static int Initialise(NetworkOutput& output) {
-        std::uint8_t byte = 0;
-        output.HardCommand(2, 0, &byte);
-        const int kind = output.HardCommand(1, 0, &byte);
-        output.HardCommand(3, 0, &byte);
-        return kind;
-    }
-
-    int Send(NetworkOutput& output, std::uint8_t level) {
-        frame.fill(level);
-        std::uint8_t byte = 0;
-        output.HardCommand(5, 0, &byte);
-        return output.HardCommand(4, 512, frame.data());
-    }
-
-    // What has arrived since the last call. A packet to loopback is there when its send call returns.
-    std::vector<QByteArray> Received() {
-        std::vector<QByteArray> packets;
-        while (receiver->hasPendingDatagrams()) packets.push_back(receiver->receiveDatagram().data());
-        return packets;
-    }
-
-    // Time goes by in steps as the event loop would take them.
-    void Pass(NetworkOutput& output, int milliseconds) {
-        for (const std::int64_t end = now + milliseconds; now < end;) {
-            now += 10;
-            output.Service();
-        }
-    }
-
 private slots:
-    void init() {
-        receiver = std::make_unique<QUdpSocket>();
-        QVERIFY(receiver->bind(QHostAddress(QHostAddress::LocalHost), 0));
-        reports.clear();
-        now = 1'000'000;
-    }
+    void init() { Listen(); }
 
     void OpenAnswersTheSecondUsbModel() {
         const auto output = MakeOutput();
@@ -181,158 +108,6 @@ private slots:
             Send(*output, 1);
             QCOMPARE(Byte(Received().at(0), ArtNetSequence), expected);
         }
-    }
-
-    void CloseFollowedByOpenDoesNotTouchTheLamps() {
-        const auto output = MakeOutput();
-        Initialise(*output);
-        Send(*output, 200);
-        Received();
-        for (int round = 0; round < 3; ++round) {
-            Initialise(*output);
-            QVERIFY(Received().empty());
-        }
-        Send(*output, 201);
-        const auto packets = Received();
-        QCOMPARE(packets.size(), 1U);
-        QCOMPARE(Byte(packets[0], SacnOptions), 0);
-        QCOMPARE(Byte(packets[0], SacnChannel1), 201);
-    }
-
-    void LateReopeningKeepsTheStreamToo() {
-        const auto output = MakeOutput();
-        Initialise(*output);
-        Send(*output, 200);
-        output->HardCommand(2, 0, nullptr);
-        Pass(*output, 1900); // an initialisation that searches for ISA cards takes a while
-        for (const QByteArray& packet : Received()) {
-            QCOMPARE(Byte(packet, SacnOptions), 0);
-            QCOMPARE(Byte(packet, SacnChannel1), 200);
-        }
-        output->HardCommand(1, 0, nullptr);
-        Pass(*output, 5000);
-        for (const QByteArray& packet : Received()) QCOMPARE(Byte(packet, SacnOptions), 0);
-    }
-
-    void CloseThatStaysEndsTheStreamOnce() {
-        const auto output = MakeOutput();
-        Initialise(*output);
-        Send(*output, 200);
-        Received();
-        output->HardCommand(2, 0, nullptr);
-        QCOMPARE(Send(*output, 1), 0);
-        Pass(*output, 10000);
-        std::vector<int> options, sequence;
-        for (const QByteArray& packet : Received()) {
-            options.push_back(Byte(packet, SacnOptions));
-            sequence.push_back(Byte(packet, SacnSequence));
-        }
-        // Kept alive at 0.8 and 1.6 seconds, ended at 2.
-        QCOMPARE(options, (std::vector<int>{0, 0, 0x40, 0x40, 0x40}));
-        QCOMPARE(sequence, (std::vector<int>{2, 3, 4, 5, 6}));
-    }
-
-    void EndOfTheProgramEndsTheStreamAtOnce() {
-        auto output = MakeOutput();
-        Initialise(*output);
-        Send(*output, 200);
-        Received();
-        output->HardCommand(2, 0, nullptr);
-        output.reset();
-        const auto packets = Received();
-        QCOMPARE(packets.size(), 3U);
-        for (const QByteArray& packet : packets) QCOMPARE(Byte(packet, SacnOptions), 0x40);
-    }
-
-    void FinishingTwiceEndsTheStreamOnce() {
-        auto output = MakeOutput();
-        Initialise(*output);
-        Send(*output, 200);
-        Received();
-        output->Finish();
-        output->Finish();
-        output.reset();
-        QCOMPARE(Received().size(), 3U);
-    }
-
-    void StreamWithoutAFrameEndsInSilence() {
-        auto output = MakeOutput();
-        Initialise(*output);
-        Pass(*output, 5000);
-        output.reset();
-        QVERIFY(Received().empty());
-    }
-
-    void ArtNetEndsInSilence() {
-        auto output = MakeOutput(ArtNet());
-        Initialise(*output);
-        Send(*output, 200);
-        Received();
-        output.reset();
-        QVERIFY(Received().empty());
-    }
-
-    void OpenAfterTheEndStartsANewStream() {
-        const auto output = MakeOutput();
-        Initialise(*output);
-        Send(*output, 200);
-        output->Finish();
-        Received();
-        Initialise(*output);
-        Pass(*output, 2000);
-        QVERIFY(Received().empty()); // the old frame does not come back
-        Send(*output, 5);
-        const auto packets = Received();
-        QCOMPARE(packets.size(), 1U);
-        QCOMPARE(Byte(packets[0], SacnOptions), 0);
-        QCOMPARE(Byte(packets[0], SacnSequence), 5); // 1 frame, 3 ends, this one
-    }
-
-    void StillStreamIsKeptAliveEvery800To1000Milliseconds_data() {
-        QTest::addColumn<bool>("artNet");
-        QTest::newRow("sACN") << false;
-        QTest::newRow("Art-Net") << true;
-    }
-
-    void StillStreamIsKeptAliveEvery800To1000Milliseconds() {
-        QFETCH(bool, artNet);
-        const auto output = MakeOutput(artNet ? ArtNet() : OutputSettings{});
-        Initialise(*output);
-        Send(*output, 77);
-        Received();
-        std::int64_t last = now;
-        for (int count = 2; count < 12; ++count) {
-            std::vector<QByteArray> packets;
-            while (packets.empty() && now < last + 2000) {
-                Pass(*output, 10);
-                packets = Received();
-            }
-            QCOMPARE(packets.size(), 1U);
-            QVERIFY2(now - last >= 800 && now - last <= 1000, qPrintable(QString::number(now - last)));
-            QCOMPARE(Byte(packets[0], artNet ? ArtNetSequence : SacnSequence), count);
-            QCOMPARE(Byte(packets[0], artNet ? ArtNetChannel1 : SacnChannel1), 77);
-            last = now;
-        }
-    }
-
-    void RunningStreamGetsNoAdditionalFrames() {
-        const auto output = MakeOutput();
-        Initialise(*output);
-        for (int tick = 0; tick < 100; ++tick) {
-            Send(*output, 1);
-            Pass(*output, 50);
-        }
-        QCOMPARE(Received().size(), 100U);
-    }
-
-    void EventLoopKeepsTheStreamAlive() {
-        const auto output = MakeOutput();
-        Initialise(*output);
-        Send(*output, 77);
-        Received();
-        now += 10'000;
-        QTRY_VERIFY(receiver->hasPendingDatagrams());
-        QCOMPARE(Byte(Received().at(0), SacnChannel1), 77);
     }
 
     void MissingNetworkCardIsReportedOnceAndTheShowGoesOn() {

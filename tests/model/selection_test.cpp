@@ -1,46 +1,8 @@
-#include "bench/samplecases.h"
-
-#include "model/selection.h"
+#include "model/selectionbench.h"
 
 namespace quorvane {
 
-namespace {
-
-constexpr int KeyF1 = 112;
-constexpr int KeyF3 = 114;
-constexpr int KeyF5 = 116;
-constexpr int KeyF13 = 124;
-constexpr int AltHeld = 4;
-
-} // namespace
-
-class Selection : public Bench {
-protected:
-    Selection() {
-        Screen.PaintSelected = [this](int index) { Painted.push_back(index); };
-        Screen.PaintUnselected = [this](int index, ScreenColour colour) {
-            Unpainted.push_back(index);
-            shownAgain = colour;
-        };
-        Screen.ActivateElementWindow = [this] { ++Activations; };
-    }
-    std::vector<std::string> Statuses() const { return Texts("status"); }
-    // As element numbers.
-    static std::vector<int> Selected() {
-        std::vector<int> elements;
-        for (int index = 0; index <= 254; ++index)
-            if (Show.ElementSelected[index] == 1) elements.push_back(index + 1);
-        return elements;
-    }
-    static void Press(int element, int shift = 0) { lblElement_MouseDown(element - 1, true, shift); }
-
-    using Elements = std::vector<int>;
-    using Text = std::vector<std::string>;
-    std::vector<int> Painted;   // as selected, by index
-    std::vector<int> Unpainted; // by index
-    ScreenColour shownAgain;
-    int Activations = 0; // of the element dialog
-};
+using Selection = SelectionBench;
 
 TEST_F(Selection, SelectingOnlyOneNamesIt) {
     MakeWall(4, 2);
@@ -266,103 +228,6 @@ TEST_F(Selection, DoubleClickSaysItsPlaceholderAndNothingElseOnPurpose) {
     lblElement_DblClick();
     EXPECT_EQ(Statuses(), (Text{" Wassollas?"}));
     EXPECT_EQ(Selected(), (Elements{}));
-}
-
-TEST_F(Selection, ShiftWithAFunctionKeyRemembersAndTheKeyAloneRecalls) {
-    MakeWall(4, 2);
-    for (int key = KeyF2; key <= KeyF12; ++key) {
-        SCOPED_TRACE(key);
-        const int element = key - KeyF2 + 1 <= 8 ? key - KeyF2 + 1 : 8;
-        Press(element);
-        RememberOrRecallSelection(key, ShiftHeld);
-        EXPECT_EQ(Statuses().back(), "Selectionen gemerkt .");
-        EXPECT_EQ(Show.Selections[key - 112][element - 1], 1);
-        SelectAll();
-        RememberOrRecallSelection(key, 0);
-        EXPECT_EQ(Selected(), (Elements{element}));
-        EXPECT_EQ(Show.SelectedCount, 1);
-    }
-    for (const int unused : {0, 12, 13})
-        EXPECT_EQ(Show.Selections[unused], decltype(Show.ElementSelected){}) << unused;
-}
-
-TEST_F(Selection, OtherKeysDoNothing) {
-    MakeWall(4, 2);
-    Press(1);
-    Show.ChangeFlags = {};
-    Log.clear();
-    for (const int key : {KeyF1, KeyF13, 13, 65})
-        for (const int shift : {0, ShiftHeld}) RememberOrRecallSelection(key, shift);
-    EXPECT_TRUE(Log.empty());
-    EXPECT_EQ(Show.ChangeFlags.bits, 0);
-    EXPECT_EQ(Show.Selections, decltype(Show.Selections){});
-    EXPECT_EQ(Selected(), (Elements{1}));
-}
-
-TEST_F(Selection, OnlyShiftAloneRemembers) {
-    MakeWall(4, 2);
-    Press(1);
-    for (const int shift : {CtrlHeld, AltHeld, ShiftHeld + CtrlHeld, ShiftHeld + AltHeld}) {
-        Press(1);
-        RememberOrRecallSelection(KeyF3, shift);
-        EXPECT_EQ(Selected(), (Elements{})) << shift; // recalled: nothing was there
-    }
-    EXPECT_EQ(Show.Selections, decltype(Show.Selections){});
-}
-
-TEST_F(Selection, RememberingMarksTheSequenceAndTheScene) {
-    MakeWall(4, 2);
-    Show.ChangeFlags = {};
-    RememberOrRecallSelection(KeyF2, ShiftHeld);
-    EXPECT_EQ(Show.ChangeFlags.bits, 0x28);
-    Show.ChangeFlags = {};
-    RememberOrRecallSelection(KeyF2, 0);
-    EXPECT_EQ(Show.ChangeFlags.bits, 0);
-}
-
-TEST_F(Selection, EmptySelectionIsRememberedAndComesBackEmpty) {
-    MakeWall(4, 2);
-    RememberOrRecallSelection(KeyF5, ShiftHeld);
-    SelectAll();
-    RememberOrRecallSelection(KeyF5, 0);
-    EXPECT_EQ(Selected(), (Elements{}));
-    EXPECT_EQ(Show.SelectedCount, 0);
-}
-
-TEST_F(Selection, RememberingKeepsOneFlagPastTheWallAndClearsTheRestOnPurpose) {
-    MakeWall(3, 1);
-    Show.Selections[1].Fill(1);
-    Show.ElementSelected[3] = 1;
-    Show.ElementSelected[4] = 1;
-    RememberOrRecallSelection(KeyF2, ShiftHeld);
-    EXPECT_EQ(Show.Selections[1][2], 0);
-    EXPECT_EQ(Show.Selections[1][3], 1);
-    for (int index = 4; index <= 254; ++index) EXPECT_EQ(Show.Selections[1][index], 0) << index;
-}
-
-TEST_F(Selection, RecallKeepsTheCountRightForElementsSelectedAlready) {
-    MakeWall(4, 1);
-    Press(1);
-    Press(2, CtrlHeld);
-    RememberOrRecallSelection(KeyF2, ShiftHeld);
-    Press(2);
-    Press(3, CtrlHeld);
-    RememberOrRecallSelection(KeyF2, 0);
-    EXPECT_EQ(Selected(), (Elements{1, 2}));
-    EXPECT_EQ(Show.SelectedCount, 2);
-    EXPECT_EQ(Statuses().back(), " Es wurden 2 Elemente ausgewählt");
-}
-
-TEST_F(Selection, RecallOfALargerWallStopsAtTheFirstElementThatIsGone) {
-    MakeWall(4, 2);
-    for (const int element : {2, 6, 8}) Press(element, CtrlHeld);
-    RememberOrRecallSelection(KeyF2, ShiftHeld);
-    MakeWall(4, 1);
-    Press(1);
-    RememberOrRecallSelection(KeyF2, 0);
-    EXPECT_EQ(Selected(), (Elements{2}));
-    EXPECT_EQ(Show.SelectedCount, 1);
-    EXPECT_EQ(Statuses().back(), "Fehler beim Makieren.");
 }
 
 TEST_F(Selection, NewWallStartsWithoutASelection) {
