@@ -107,8 +107,7 @@ void MDIHaupt::PlaceMain() {
         place.setSize(available.size() * 4 / 5);
         place.moveCenter(available.center());
     }
-    if (!available.intersects(place)) place = MovedIntoView(place, available);
-    setGeometry(place);
+    setGeometry(OnScreen(place));
     switch (Show.WindowPos[MainWindow][PosState]) {
     case minimised: showMinimized(); break;
     case maximised: showMaximized(); break;
@@ -184,8 +183,11 @@ void MDIHaupt::CloseFromOutside() {
     QTimer::singleShot(0, this, [this] { CloseFromOutside(); });
 }
 
+// On the free area only: the menu bar and the status line have no such menu.
 void MDIHaupt::contextMenuEvent(QContextMenuEvent* event) {
-    if (mnuBearbeiten) mnuBearbeiten->popup(event->globalPos());
+    const QWidget* free = area->viewport();
+    if (free->rect().contains(free->mapFromGlobal(event->globalPos())))
+        mnuBearbeiten->popup(event->globalPos());
 }
 
 } // namespace quorvane

@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
 #include <vector>
 
 namespace quorvane {
@@ -115,7 +116,10 @@ void frmControl::MakeButtons() {
 QLayout* frmControl::Arrangement() {
     auto* grid = new QGridLayout;
     grid->setSpacing(Spacing);
+    int widest = 0;
+    for (const QPushButton* button : cmdSequence) widest = std::max(widest, button->sizeHint().width());
     for (int column = 0; column < 4; ++column) {
+        grid->setColumnMinimumWidth(column, widest); // all alike
         if (column < 3) grid->addWidget(lblSequence.at(At(column)), 0, column);
         grid->addWidget(txtSequence.at(At(column)), 1, column);
         grid->setColumnStretch(column, 1);

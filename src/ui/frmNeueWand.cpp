@@ -6,6 +6,7 @@
 #include "model/text.h"
 #include "platform/host.h"
 #include "ui/field.h"
+#include "ui/geometry.h"
 #include "ui/shown.h"
 
 #include <QGroupBox>
@@ -67,6 +68,7 @@ frmNeueWand::frmNeueWand(QWidget* parent)
     connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
     connect(cmdAbbrechen, &QPushButton::clicked, this, &QDialog::reject);
     Form_Load();
+    PlaceDialog(*this, NewWallWindow);
 }
 
 void frmNeueWand::MakeFields() {
@@ -101,7 +103,10 @@ QWidget* frmNeueWand::Group(const char* title, int first) {
     for (int index = first; index <= first + 1; ++index) {
         if (index > first) line->addSpacing(Section);
         line->addStretch();
-        line->addWidget(lbltxtFeld.at(At(index)));
+        QLabel* label = lbltxtFeld.at(At(index));
+        const int inOtherGroup = first == Columns ? index + 2 : index - 2; // its field stands in line
+        label->setMinimumWidth(lbltxtFeld.at(At(inOtherGroup))->sizeHint().width());
+        line->addWidget(label);
         line->addWidget(txtfeld.at(At(index)));
     }
     return group;
@@ -112,8 +117,10 @@ QLayout* frmNeueWand::Arrangement() {
     name->setSpacing(Spacing);
     name->addWidget(lbltxtFeld[Name]);
     name->addWidget(txtfeld[Name], 1);
-    auto* sizes = new QGridLayout;
-    sizes->setContentsMargins(Spacing, 0, Spacing + 1, 0); // in line with the fields of the groups
+    QWidget* distribution = Group(" Verteilung der Elemente", Columns);
+    const QMargins frame = distribution->contentsMargins();
+    auto* sizes = new QGridLayout; // in line with the fields of the groups
+    sizes->setContentsMargins(frame.left() + Spacing, 0, frame.right() + Spacing, 0);
     sizes->setSpacing(Spacing);
     for (int row = 0; row < 2; ++row) {
         sizes->addWidget(lbltxtFeld.at(At(Size + row)), row, 0);
@@ -131,7 +138,7 @@ QLayout* frmNeueWand::Arrangement() {
     layout->setSpacing(Spacing);
     layout->addLayout(name);
     layout->addSpacing(Spacing);
-    layout->addWidget(Group(" Verteilung der Elemente", Columns));
+    layout->addWidget(distribution);
     layout->addWidget(Group(" Größe der Elemente in cm", AreaWidth));
     layout->addLayout(sizes);
     layout->addSpacing(Spacing);
@@ -169,6 +176,11 @@ void frmNeueWand::ShowTotal() {
     const std::int64_t total =
         static_cast<std::int64_t>(NumberIn(txtfeld[Columns])) * NumberIn(txtfeld[Rows]);
     txtfeld[Total]->setText(QString::number(total));
+}
+
+void frmNeueWand::done(int result) {
+    KeepDialogPlace(*this, NewWallWindow);
+    QDialog::done(result);
 }
 
 void frmNeueWand::Refuse(const char* text, int index) {

@@ -25,6 +25,9 @@ public:
     QPushButton* cmdOK;
     QPushButton* cmdAbbrechen;
 
+protected:
+    void done(int result) override;
+
 private:
     void MakeFields();
     QLayout* Arrangement();

@@ -3,6 +3,8 @@
 #include "model/show.h"
 #include "model/text.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 
 #include <algorithm>
@@ -32,6 +34,27 @@ void StorePlace(int window, const QRect& place) {
     stored[PosTop] = StoredOf(place.top());
     stored[PosWidth] = StoredOf(place.width());
     stored[PosHeight] = StoredOf(place.height());
+}
+
+void PlaceDialog(QWidget& dialog, int window) {
+    const QRect stored = StoredPlace(window);
+    if (!stored.isEmpty()) dialog.setGeometry(OnScreen(stored));
+}
+
+void KeepDialogPlace(const QWidget& dialog, int window) { StorePlace(window, dialog.geometry()); }
+
+QRect OnScreen(const QRect& rectangle) {
+    const auto seen = [&rectangle](const QScreen* screen) {
+        const QRect common = screen->availableGeometry().intersected(rectangle);
+        return static_cast<qint64>(common.width()) * common.height();
+    };
+    const QScreen* most = QGuiApplication::primaryScreen();
+    for (const QScreen* screen : QGuiApplication::screens())
+        if (seen(screen) > seen(most)) most = screen;
+    const QRect available = most->availableGeometry();
+    const bool fits =
+        rectangle.width() <= available.width() && rectangle.height() <= available.height() && seen(most) > 0;
+    return fits ? rectangle : MovedIntoView(rectangle, available);
 }
 
 QRect MovedIntoView(QRect rectangle, const QRect& area) {

@@ -4,11 +4,13 @@
 #include "model/screen.h"
 #include "model/wall.h"
 #include "ui/frmWand.h"
+#include "ui/geometry.h"
 
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 
 #include <csignal>
 
@@ -139,6 +141,53 @@ TEST_F(MainWindowTest, CloseKeepsTheStateOfTheWindowAndWritesTheSettings) {
     EXPECT_EQ(Show.WindowPos[MainWindow][PosHeight], 7200);
     EXPECT_EQ(Show.WindowPos[MainWindow][PosState], 2);
     EXPECT_EQ(Read("QUORVANE.ini").substr(0, 25), "ini-Datei von QUORVANE 98");
+}
+
+TEST_F(MainWindowTest, StoredPlaceIsKeptWhereItIsSeenAndCutToTheScreenWhereItIsLarger) {
+    struct Case {
+        QRect Stored;
+        bool Kept;
+    };
+    StartProgram();
+    const QRect screen = main->screen()->availableGeometry();
+    for (const Case& c :
+         {Case{{40, 50, 640, 480}, true}, Case{{-100, 50, 640, 480}, true}, // partly outside, as it was left
+          Case{{5000, 50, 640, 480}, false}, Case{{40, -900, 640, 480}, false},
+          Case{{0, 0, 5000, 480}, false}, Case{{0, 0, 640, 5000}, false}}) {
+        StorePlace(MainWindow, c.Stored);
+        Screen.PlaceMain();
+        if (c.Kept)
+            EXPECT_EQ(main->geometry(), c.Stored);
+        else
+            EXPECT_TRUE(screen.contains(main->geometry())) << c.Stored.x() << " " << c.Stored.width();
+    }
+}
+
+// The press goes the way of a real one, through the window system.
+TEST_F(MainWindowTest, RightPressOnTheFreeAreaOpensTheEditMenuAtThePointer) {
+    StartProgram();
+    auto* menu = main->findChild<QMenu*>("mnuBearbeiten");
+    const QPoint place = main->rect().center();
+    for (const Qt::MouseButton other : {Qt::LeftButton, Qt::MiddleButton, Qt::BackButton}) {
+        QTest::mouseClick(main->windowHandle(), other, {}, place);
+        EXPECT_FALSE(menu->isVisible());
+    }
+    QTest::mousePress(main->windowHandle(), Qt::RightButton, {}, place);
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_EQ(menu->pos(), main->mapToGlobal(place));
+    menu->close();
+    QTest::mouseRelease(main->windowHandle(), Qt::RightButton, {}, place);
+}
+
+TEST_F(MainWindowTest, RightPressBesideTheFreeAreaOpensNothing) {
+    StartProgram();
+    auto* menu = main->findChild<QMenu*>("mnuBearbeiten");
+    for (const QWidget* beside :
+         {static_cast<QWidget*>(main->menuBar()), static_cast<QWidget*>(main->lblStatus)}) {
+        const QPoint place = beside->mapTo(main.get(), beside->rect().center());
+        QTest::mouseClick(main->windowHandle(), Qt::RightButton, {}, place);
+        EXPECT_FALSE(menu->isVisible());
+    }
 }
 
 TEST_F(MainWindowTest, CaptionShowsAMarkOfTheToolkitAsItIs) {

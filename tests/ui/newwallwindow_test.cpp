@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 
 namespace quorvane {
 
@@ -120,6 +121,54 @@ TEST_F(NewWallDialog, BuildsTheWallShowsItAndSavesTheSettings) {
     EXPECT_TRUE(main->Wand->isVisible());
     EXPECT_TRUE(Show.StatusFlags.Has(Status::WallWindowOpen));
     EXPECT_EQ(Read("QUORVANE.ini").substr(0, 25), "ini-Datei von QUORVANE 98");
+}
+
+TEST_F(NewWallDialog, FieldsStandInLineAndNoLabelIsCutOff) {
+    StartProgram();
+    InDialog([this] {
+        const auto right = [this](int index) {
+            return Text(index)->mapTo(dialog, QPoint(Text(index)->width(), 0)).x();
+        };
+        for (const int index : {4, 5, 6}) EXPECT_EQ(right(index), right(2)) << index;
+        EXPECT_EQ(right(3), right(1));
+        for (const QLabel* label : dialog->lbltxtFeld)
+            EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
+        Leave();
+    });
+}
+
+TEST_F(NewWallDialog, TabGoesThroughTheFieldsAndThenTheButtons) {
+    StartProgram();
+    InDialog([this] {
+        std::vector<std::string> order;
+        QTest::mouseClick(Text(0), Qt::LeftButton);
+        for (int stop = 0; stop < 8; ++stop) {
+            order.push_back(dialog->focusWidget()->objectName().toStdString());
+            QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(order, (std::vector<std::string>{"txtfeld(0)", "txtfeld(1)", "txtfeld(2)", "txtfeld(3)",
+                                                   "txtfeld(4)", "txtfeld(5)", "cmdOK", "cmdAbbrechen"}));
+        Leave();
+    });
+}
+
+TEST_F(NewWallDialog, OpensWhereItWasLeftUnlessThatIsOffTheScreen) {
+    StartProgram();
+    InDialog([this] {
+        dialog->setGeometry({QPoint(31, 42), dialog->size()});
+        Leave();
+    });
+    EXPECT_EQ(Show.WindowPos[NewWallWindow][PosLeft], 31 * 15);
+    EXPECT_EQ(Show.WindowPos[NewWallWindow][PosTop], 42 * 15);
+    InDialog([this] {
+        EXPECT_EQ(dialog->geometry().topLeft(), QPoint(31, 42));
+        Leave();
+    });
+    Show.WindowPos[NewWallWindow][PosLeft] = 30000 * 15;
+    InDialog([this] {
+        EXPECT_TRUE(dialog->screen()->availableGeometry().contains(dialog->geometry()));
+        Leave();
+    });
 }
 
 TEST_F(NewWallDialog, CancellingChangesNothing) {

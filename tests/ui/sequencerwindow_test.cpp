@@ -1,66 +1,8 @@
-#include "ui/windowbench.h"
-
-#include "engine/sequencer.h"
-#include "engine/sequencerfields.h"
-#include "model/screen.h"
-#include "model/sequence.h"
-#include "model/wall.h"
-#include "ui/field.h"
-#include "ui/frmControl.h"
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QMdiSubWindow>
-#include <QPushButton>
+#include "ui/sequencerwindowbench.h"
 
 namespace quorvane {
 
-class SequencerWindowTest : public WindowBench {
-protected:
-    void Open() {
-        StartProgram();
-        Choose("mnuTransporter");
-    }
-    void MakeWall() {
-        Show.WallColumns = 2;
-        Show.WallRows = 1;
-        Show.WallAreaWidth = Show.WallAreaHeight = 600;
-        Show.ElementSize = 100;
-        NeueWandInit();
-        Show.ChangeFlags = {};
-    }
-    // Steps with level 10, 20, ... on all channels, hold 3 and blend 6 each.
-    void MakeSequence(int steps) {
-        MakeWall();
-        for (int step = 1; step <= steps; ++step) {
-            for (int element = 1; element <= 2; ++element)
-                Show.SequenceSteps[step][element].Fill(static_cast<std::uint8_t>(10 * step));
-            SetHold(step, 3);
-            SetBlend(step, 6);
-        }
-        Show.StepCount = static_cast<std::uint8_t>(steps);
-        Show.CurrentStep = 1;
-        Show.StatusFlags.Set(Status::SequenceExists);
-        ShowStepFields();
-    }
-    Field* Text(int index) { return main->Control->txtSequence.at(static_cast<std::size_t>(index)); }
-    QPushButton* Button(int index) { return main->Control->cmdSequence.at(static_cast<std::size_t>(index)); }
-    QCheckBox* Factor() { return main->Control->chkFaktor; }
-    std::string StatusText() { return Find<QLabel>("frmControl", "lblStatus")->text().toStdString(); }
-    std::string Shown(int index) { return Text(index)->text().toStdString(); }
-
-    void Type(int index, const char* text) {
-        Click(Text(index));
-        QTest::keyClick(Text(index), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(Text(index), text);
-    }
-    static void Leave() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); }
-    void Confirm(int index, const char* text) {
-        Type(index, text);
-        QTest::keyClick(Text(index), Qt::Key_Return);
-    }
-};
+using SequencerWindowTest = SequencerWindowBench;
 
 // What is there
 
@@ -126,6 +68,27 @@ TEST_F(SequencerWindowTest, NoCaptionIsCutOff) {
         EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
 }
 
+TEST_F(SequencerWindowTest, ColumnsAreOfOneWidthAndTheirFieldsStandOverTheButtons) {
+    Open();
+    for (int column = 0; column < 4; ++column) {
+        EXPECT_NEAR(Text(column)->width(), Text(0)->width(), 1) << column;
+        QPushButton* below = Button(std::array{0, 2, 3, 4}.at(static_cast<std::size_t>(column)));
+        EXPECT_EQ(below->x(), Text(column)->x());
+        EXPECT_EQ(below->width(), Text(column)->width());
+    }
+}
+
+TEST_F(SequencerWindowTest, FirstOpensBesideTheWallAndWithinTheFrame) {
+    StartProgram();
+    MakeWall();
+    main->Wand->Open();
+    main->Wand->parentWidget()->move(0, 0);
+    Choose("mnuTransporter");
+    const QRect sequencer = main->Control->parentWidget()->geometry();
+    EXPECT_TRUE(main->Control->parentWidget()->parentWidget()->rect().contains(sequencer));
+    EXPECT_FALSE(sequencer.intersects(main->Wand->parentWidget()->geometry()));
+}
+
 TEST_F(SequencerWindowTest, TabGoesThroughTheFieldsAndThenTheButtons) {
     Open();
     Click(Text(0));
@@ -155,6 +118,19 @@ TEST_F(SequencerWindowTest, ScenesAreRecordedWithTheTimesThatStandInTheFields) {
     EXPECT_EQ(HoldOf(1), 4);
     EXPECT_EQ(Show.SequenceSteps[1][1][2], 77);
     EXPECT_EQ(Shown(0), "1");
+}
+
+TEST_F(SequencerWindowTest, TimeTypedBeforeRecordingGoesToTheStepShownAndToTheNewOneOnPurpose) {
+    Open();
+    MakeSequence(1);
+    Type(2, "44");
+    Click(Button(1));
+    EXPECT_EQ(Show.StepCount, 2);
+    EXPECT_EQ(HoldOf(1), 44);
+    EXPECT_EQ(HoldOf(2), 44);
+    Confirm(2, "7");
+    EXPECT_EQ(HoldOf(1), 44);
+    EXPECT_EQ(HoldOf(2), 7);
 }
 
 TEST_F(SequencerWindowTest, EmptyTimeFieldsRecordTheStartValuesAndShowThem) {
@@ -309,124 +285,6 @@ TEST_F(SequencerWindowTest, NewSequenceIsAskedAboutBeforeItIsDeleted) {
     EXPECT_EQ(Show.StepCount, 0);
 }
 
-// Fields
-
-TEST_F(SequencerWindowTest, KeysOnlyAdviseAndLeaveTheValueUntouched) {
-    Open();
-    MakeSequence(2);
-    Type(1, "4");
-    EXPECT_EQ(StatusText(), "Nur Werte zwischen 5 und 65534 sind erlaubt.");
-    EXPECT_EQ(Shown(1), "4");
-    EXPECT_EQ(BlendOf(1), 6);
-    QTest::keyClicks(Text(1), "0");
-    EXPECT_EQ(StatusText(), ""); // 40 will do
-    EXPECT_EQ(BlendOf(1), 6);
-}
-
-TEST_F(SequencerWindowTest, AdviceFollowsDeletingOfDigitsToo) {
-    Open();
-    MakeSequence(2);
-    Type(2, "1");
-    QTest::keyClick(Text(2), Qt::Key_Backspace);
-    EXPECT_EQ(StatusText(), "Nur Werte zwischen 1 und 65534 sind erlaubt.");
-}
-
-TEST_F(SequencerWindowTest, KeysThatTypeNothingAdviseNothing) {
-    Open();
-    MakeSequence(2);
-    Screen.SequencerStatus("vorher");
-    Click(Text(1));
-    for (const int key : {Qt::Key_Left, Qt::Key_End, Qt::Key_Shift, Qt::Key_F1, Qt::Key_F13})
-        QTest::keyClick(Text(1), static_cast<Qt::Key>(key));
-    Leave();
-    EXPECT_EQ(StatusText(), "vorher");
-}
-
-TEST_F(SequencerWindowTest, LeavingAFieldDecides) {
-    Open();
-    MakeSequence(2);
-    Type(1, "4");
-    Leave();
-    EXPECT_EQ(StatusText(), "Blendzeiten unter 5 sind nicht zulässig");
-    EXPECT_EQ(Shown(1), "6");
-    Type(1, "5");
-    Leave();
-    EXPECT_EQ(BlendOf(1), 5);
-    EXPECT_EQ(Show.ChangeFlags.bits, 0x28);
-}
-
-TEST_F(SequencerWindowTest, EnterDecidesToo) {
-    Open();
-    MakeSequence(2);
-    Confirm(2, "0");
-    EXPECT_EQ(StatusText(), "Haltezeiten unter 1 sind nicht zulässig");
-    EXPECT_EQ(Shown(2), "3");
-    Confirm(2, "1");
-    EXPECT_EQ(HoldOf(1), 1);
-    Confirm(0, "2");
-    EXPECT_EQ(Show.CurrentStep, 2);
-    EXPECT_EQ(StatusText(), "Auf Szene Nr 2 gesprungen.");
-    Confirm(0, "3");
-    EXPECT_EQ(StatusText(), "Szene in der Sequenz nicht vorhanden!");
-    EXPECT_EQ(Shown(0), "2");
-}
-
-TEST_F(SequencerWindowTest, LeavingAnUntouchedStepFieldDoesNotJump) {
-    Open();
-    MakeSequence(3);
-    Show.HoldCounter = 2;
-    Click(Text(0));
-    Leave();
-    EXPECT_EQ(Show.HoldCounter, 2);
-    EXPECT_EQ(StatusText(), "");
-}
-
-TEST_F(SequencerWindowTest, ClosingTheWindowDecidesOnTheFieldBeingTypedIn) {
-    Open();
-    MakeSequence(2);
-    Type(2, "9");
-    main->Control->parentWidget()->close();
-    EXPECT_EQ(HoldOf(1), 9);
-}
-
-TEST_F(SequencerWindowTest, WithoutASequenceTheFieldsSaySoAndTimesStay) {
-    Open();
-    Type(1, "30");
-    EXPECT_EQ(StatusText(), "Keine Sequenz.");
-    Leave();
-    EXPECT_EQ(StatusText(), " Es wurde noch keine Sequenz erstellt.");
-    EXPECT_EQ(Shown(1), "30");
-}
-
-TEST_F(SequencerWindowTest, PlaybackFollowsInTheFieldsExceptTheOneBeingTypedIn) {
-    Open();
-    MakeSequence(3);
-    SetBlend(2, 60);
-    SetHold(2, 30);
-    Click(Button(2));
-    Type(2, "8");
-    Ticks(1); // step 2 is current now
-    EXPECT_EQ(Shown(0), "2");
-    EXPECT_EQ(Shown(1), "60");
-    EXPECT_EQ(Shown(2), "8");
-    Leave();
-    EXPECT_EQ(HoldOf(2), 8); // the step that the step field names
-    EXPECT_EQ(HoldOf(1), 3);
-    Ticks(11);
-    EXPECT_EQ(Shown(2), "3"); // follows again
-}
-
-TEST_F(SequencerWindowTest, RefusedTimeWhilePlayingGivesWayToThatOfTheStepShown) {
-    Open();
-    MakeSequence(3);
-    SetHold(2, 30);
-    Click(Button(2));
-    Type(2, "0");
-    Ticks(1);
-    Leave();
-    EXPECT_EQ(Shown(2), "30");
-}
-
 // Remembered selections
 
 TEST_F(SequencerWindowTest, FunctionKeysRememberAndRecallSelectionsInFieldsAndButtonsAlike) {
@@ -447,51 +305,6 @@ TEST_F(SequencerWindowTest, FunctionKeysRememberAndRecallSelectionsInFieldsAndBu
     QTest::keyClick(Text(2), Qt::Key_F12); // nothing is remembered there
     EXPECT_EQ(Show.SelectedCount, 0);
     EXPECT_EQ(Shown(1), "50");
-}
-
-// Turbo factor
-
-TEST_F(SequencerWindowTest, FactorTakesEffectWhileTheBoxIsTicked) {
-    Open();
-    MakeSequence(2);
-    SetBlend(1, 50);
-    SetBlend(2, 50);
-    Type(3, "2");
-    Leave();
-    EXPECT_EQ(Show.TurboFactor, 1);
-    Click(Factor());
-    EXPECT_EQ(Show.TurboFactor, 2);
-    Type(3, "3");
-    Leave();
-    EXPECT_EQ(Show.TurboFactor, 3);
-    Click(Factor());
-    EXPECT_EQ(Show.TurboFactor, 1);
-}
-
-TEST_F(SequencerWindowTest, FactorThatAStepCannotBearIsCut) {
-    Open();
-    MakeSequence(1);
-    SetHold(1, 5);
-    SetBlend(1, 100);
-    Click(Factor());
-    EXPECT_EQ(Shown(3), "20"); // 100 at the start; the blend time has the last word
-    Type(3, "10");
-    Leave();
-    EXPECT_EQ(Shown(3), "5");
-    EXPECT_EQ(Show.TurboFactor, 5);
-    EXPECT_EQ(StatusText(), "Kleinstmöglichen Turbo-Faktor errechnet.");
-}
-
-TEST_F(SequencerWindowTest, FactorOutOfRangeIsAdvisedAgainstAndRefused) {
-    Open();
-    MakeSequence(1);
-    Click(Factor());
-    const std::string before = Shown(3);
-    Type(3, "10001");
-    EXPECT_EQ(StatusText(), "Turbofaktor darf zwischen 1 und 10.000 liegen");
-    Confirm(3, "65535");
-    EXPECT_EQ(StatusText(), "Ein Turbofaktor über 65534 ist nicht zulässig");
-    EXPECT_EQ(Shown(3), before);
 }
 
 } // namespace quorvane
