@@ -1,5 +1,6 @@
 #include "app/outside.h"
 
+#include "app/helpfile.h"
 #include "drivers/network_identity.h"
 #include "drivers/output_settings.h"
 #include "model/screen.h"
@@ -11,28 +12,18 @@
 #include "platform/programfolder.h"
 #include "platform/registry.h"
 #include "platform/systemversion.h"
+#include "platform/texteditor.h"
 
 #include <QCoreApplication>
-#include <QDesktopServices>
-#include <QFileInfo>
 #include <QStandardPaths>
-#include <QUrl>
 
 namespace quorvane {
-
-namespace {
-
-bool StartSystemEditor(std::string_view path) {
-    const QString file = QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size()));
-    return QFileInfo::exists(file) && QDesktopServices::openUrl(QUrl::fromLocalFile(file));
-}
-
-} // namespace
 
 Outside::Outside(const std::optional<std::string>& programFolder) {
     FillSystem();
     Host.ProgramFolder =
         ChooseProgramFolder(programFolder, QCoreApplication::applicationDirPath().toStdString());
+    PlaceHelpFile(Host.ProgramFolder);
     const DriverLibraries libraries = LoadDriverLibraries(Host.ProgramFolder);
     const OutputSettingsReading reading = LoadOutputSettings(PathOf(Host.ProgramFolder));
     messages = libraries.Messages;
@@ -48,7 +39,7 @@ void Outside::FillSystem() {
     Host.WriteSetting = WriteSetting;
     Host.GetVersion = GetVersion;
     Host.PreviousInstance = [this] { return instance.PreviousInstance(); };
-    Host.StartEditor = StartSystemEditor;
+    Host.StartEditor = StartTextEditor;
     Host.Seconds = Seconds;
     Host.ComposeText = [](std::string_view text) {
         return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))

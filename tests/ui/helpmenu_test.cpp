@@ -1,5 +1,6 @@
 #include "ui/windowbench.h"
 
+#include "app/helpfile.h"
 #include "ui/frmInfo.h"
 
 #include <QLabel>
@@ -9,7 +10,15 @@
 
 namespace quorvane {
 
-using HelpMenu = WindowBench;
+class HelpMenu : public WindowBench {
+protected:
+    // As the program brings it along.
+    static std::string Help() {
+        QFile file(":/quorvane.doc");
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().toStdString();
+    }
+};
 
 TEST_F(HelpMenu, CarriesItsCaptions) {
     StartProgram();
@@ -63,6 +72,41 @@ TEST_F(HelpMenu, HelpFileIsOpenedInTheSystemsEditor) {
     Choose("mnuHilfe");
     EXPECT_EQ(opened, QDir::toNativeSeparators(Folder.filePath("Quorvane.DOC")).toStdString());
     EXPECT_TRUE(Boxes.empty());
+}
+
+TEST_F(HelpMenu, HelpFileIsBroughtAlongUnlessItStandsThereInWhateverLetters) {
+    PlaceHelpFile(Host.ProgramFolder);
+    EXPECT_EQ(Read("quorvane.doc"), Help());
+    QFile::remove(Folder.filePath("quorvane.doc"));
+    Write("QUORVANE.DOC", "eigene Hilfe");
+    PlaceHelpFile(Host.ProgramFolder);
+    EXPECT_EQ(QDir(Folder.path()).entryList({"quorvane.doc"}, QDir::Files), QStringList{"QUORVANE.DOC"});
+    EXPECT_EQ(Read("QUORVANE.DOC"), "eigene Hilfe");
+}
+
+TEST_F(HelpMenu, HelpFileIsPlainTextOfTheWindowsKind) {
+    const std::string text = Help();
+    ASSERT_FALSE(text.empty());
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = text.find('\n', start);
+        ASSERT_NE(end, std::string::npos) << "the last line ends too";
+        EXPECT_EQ(text[end - 1], '\r');
+        EXPECT_LE(end - start, 80u) << text.substr(start, end - start);
+        start = end + 1;
+    }
+    EXPECT_NE(text.find("Men\xFC"), std::string::npos);
+    EXPECT_EQ(text.find('\t'), std::string::npos);
+}
+
+TEST_F(HelpMenu, HelpFileNamesEveryMenuEntry) {
+    StartProgram();
+    const QString text = QString::fromLatin1(Help().data());
+    for (const QAction* entry : main->findChildren<QAction*>()) {
+        if (!entry->objectName().startsWith("mnu") || !entry->isVisible()) continue;
+        if (entry->objectName().endsWith(")")) continue; // F2 to F12
+        const QString caption = entry->text().remove('&').trimmed();
+        EXPECT_TRUE(text.contains(caption)) << caption.toStdString();
+    }
 }
 
 TEST_F(HelpMenu, MissingEditorIsToldWithTheNameOfTheFile) {
