@@ -212,6 +212,7 @@ void frmColor::txtUserColor_Click(int index) {
     else
         StoreColour(index + 1);
     ShowNumberAndName();
+    if (txtFarbName->hasFocus()) txtFarbName->selectAll(); // what is typed now replaces the old name
 }
 
 void frmColor::StoreColour(int number) {

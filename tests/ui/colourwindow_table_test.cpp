@@ -21,6 +21,7 @@ TEST_F(ColourTableFields, AddAsksForAFieldAndTheNextClickStoresThere) {
     EXPECT_TRUE(NameOfColour()->hasFocus());
     EXPECT_EQ(NumberOfColour()->text().toStdString(), "5");
     EXPECT_EQ(NameOfColour()->text().toStdString(), "Farbe5"); // the old name, for a new one to be typed
+    EXPECT_EQ(NameOfColour()->selectedText().toStdString(), "Farbe5");
 }
 
 TEST_F(ColourTableFields, StoreIntoATableWithAFileMarksItAsChangedOnly) {
