@@ -30,6 +30,7 @@ Outside::Outside(const std::optional<std::string>& programFolder) {
     messages.insert(messages.end(), reading.Messages.begin(), reading.Messages.end());
     if (!libraries.Ports) FillPorts(reading.Settings);
     if (!libraries.Usb) FillUsb(reading.Settings);
+    if (!libraries.MemoryCard) FillMemoryCard(reading.Settings);
 }
 
 Outside::~Outside() { Host = HostCalls{}; }
@@ -72,6 +73,29 @@ void Outside::FillUsb(const OutputSettings& settings) {
     Host.DasHardCommand = [this](std::int32_t command, std::int32_t parameter, std::uint8_t* buffer) {
         return network->HardCommand(command, parameter, buffer);
     };
+}
+
+// The adapter is reached through the same ports as the ISA cards, whoever serves them.
+void Outside::FillMemoryCard(const OutputSettings& settings) {
+    simulatedMemoryCard = ParseSimulatedMemoryCard(settings.SimulatedMemoryCard);
+    if (simulatedMemoryCard) {
+        Host.vbWRAMC = [this](std::int32_t port, std::int32_t value) {
+            simulatedMemoryCard->WritePort(port, value);
+        };
+        Host.vbRRAMC = [this](std::int32_t port) { return simulatedMemoryCard->ReadPort(port); };
+        Host.vbWDRAMC = [this](std::int32_t port, std::int32_t value) {
+            simulatedMemoryCard->WriteData(port, value);
+        };
+    } else {
+        const auto write = [](std::int32_t port, std::int32_t value) {
+            Host.DlPortWritePortUchar(static_cast<std::uint32_t>(port), static_cast<std::uint8_t>(value));
+        };
+        Host.vbWRAMC = write;
+        Host.vbRRAMC = [](std::int32_t port) -> std::int32_t {
+            return Host.DlPortReadPortUchar(static_cast<std::uint32_t>(port));
+        };
+        Host.vbWDRAMC = write;
+    }
 }
 
 } // namespace quorvane

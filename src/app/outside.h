@@ -4,6 +4,7 @@
 
 #include "drivers/network_output.h"
 #include "drivers/simulated_card.h"
+#include "drivers/simulated_memorycard.h"
 #include "platform/instancelock.h"
 #include "platform/portaccess.h"
 
@@ -29,10 +30,12 @@ private:
     void FillSystem();
     void FillPorts(const OutputSettings& settings);
     void FillUsb(const OutputSettings& settings);
+    void FillMemoryCard(const OutputSettings& settings);
 
     InstanceLock instance;
     PortAccess ports;
     std::optional<SimulatedCard> simulatedCard;
+    std::optional<SimulatedMemoryCard> simulatedMemoryCard;
     std::unique_ptr<NetworkOutput> network;
     std::vector<std::string> messages;
 };

@@ -2,6 +2,7 @@
 
 #include "drivers/artnet_packet.h"
 #include "drivers/sacn_packet.h"
+#include "drivers/simulated_memorycard.h"
 
 #include <algorithm>
 #include <array>
@@ -48,11 +49,14 @@ constexpr std::string_view DefaultFile =
     "SimulierteKarte =\r\n"
     "\r\n"
     "; Adresse der simulierten Karte, hexadezimal: 100, 120, 140 oder 160\r\n"
-    "SimulierteBasis = 100\r\n";
+    "SimulierteBasis = 100\r\n"
+    "\r\n"
+    "; Zum Ausprobieren ohne Memorykarte: 32KB, 64KB, 128KB, 256KB, 512KB oder 1MB. Leer: keine\r\n"
+    "SimulierteMemorykarte =\r\n";
 
-constexpr std::array<std::string_view, 8> KnownKeys = {"Protokoll",       "Universum",      "Adresse",
-                                                       "Netzwerkkarte",   "Vorrang",        "Name",
-                                                       "SimulierteKarte", "SimulierteBasis"};
+constexpr std::array<std::string_view, 9> KnownKeys = {
+    "Protokoll", "Universum",       "Adresse",         "Netzwerkkarte",        "Vorrang",
+    "Name",      "SimulierteKarte", "SimulierteBasis", "SimulierteMemorykarte"};
 
 std::string_view Trim(std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n";
@@ -144,6 +148,7 @@ public:
         ReadPriority();
         ReadSourceName();
         ReadSimulatedCard();
+        ReadSimulatedMemoryCard();
         return std::move(reading);
     }
 
@@ -260,6 +265,14 @@ private:
             settings.SimulatedCardBase = static_cast<std::uint16_t>(*number);
         else
             SayWrong("SimulierteBasis", "100, 120, 140 oder 160", "100");
+    }
+
+    void ReadSimulatedMemoryCard() {
+        const std::string card = Value("SimulierteMemorykarte");
+        if (ParseSimulatedMemoryCard(card))
+            settings.SimulatedMemoryCard = card;
+        else if (!card.empty())
+            SayWrong("SimulierteMemorykarte", "32KB, 64KB, 128KB, 256KB, 512KB oder 1MB", "keine Karte");
     }
 
     std::vector<Entry> entries;

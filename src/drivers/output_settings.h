@@ -28,6 +28,7 @@ struct OutputSettings {
     // For trying the program out without a card: its model as printed on it, or empty for none.
     std::string SimulatedCard;
     std::uint16_t SimulatedCardBase = 0x100;
+    std::string SimulatedMemoryCard; // as ParseSimulatedMemoryCard takes it, or empty for none
     bool operator==(const OutputSettings&) const = default;
 };
 

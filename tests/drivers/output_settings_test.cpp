@@ -66,6 +66,10 @@ TEST(OutputSettingsText, GoodValuesHold) {
              s.SimulatedCardBase = 0x160;
          },
          {}},
+        {"SimulierteMemorykarte = 64kb", [](auto& s) { s.SimulatedMemoryCard = "64kb"; }, {}},
+        {"SimulierteMemorykarte = 1MB Leitung:4",
+         [](auto& s) { s.SimulatedMemoryCard = "1MB Leitung:4"; },
+         {}},
     });
 }
 
@@ -104,6 +108,11 @@ TEST(OutputSettingsText, WrongValueIsNamedWithWhatIsUsedInstead) {
          nothing,
          {"Ausgabe.ini: SimulierteKarte = 7400 ist nicht möglich, erlaubt ist 7300A, 7300B-LC, 7300B oder "
           "7300C. Verwendet wird keine Karte."}},
+        {"SimulierteMemorykarte = 48KB",
+         nothing,
+         {"Ausgabe.ini: SimulierteMemorykarte = 48KB ist nicht möglich, erlaubt ist 32KB, 64KB, 128KB, "
+          "256KB, "
+          "512KB oder 1MB. Verwendet wird keine Karte."}},
         {"SimulierteBasis = 110",
          nothing,
          {"Ausgabe.ini: SimulierteBasis = 110 ist nicht möglich, erlaubt ist 100, 120, 140 oder 160. "
