@@ -72,6 +72,7 @@ void WriteImage(int image) {
 void EndTransfer() {
     Show.timSendToMerger.Enabled = false;
     RestoreParameters();
+    Screen.TransferRuns(false);
     Screen.SequencerStatus("Fertig mit Senden.");
     Show.AutoXmit.Enabled = true;
     Screen.MainCaption(": KMO DMX QUORVANE  ....Transfer complete");
@@ -100,6 +101,7 @@ void mnuSequenceToMerger_Click() {
     SaveParameters();
     Show.AutoXmit.Enabled = false;
     Screen.MainCaption(": KMO DMX QUORVANE  ....stopped: transferring Sequence to PlayUnit");
+    Screen.TransferRuns(true);
     SetTransferParameters();
     Show.timSendToMerger.Enabled = true;
 }
@@ -124,6 +126,8 @@ void AbandonTransfer() {
     if (!Show.timSendToMerger.Enabled) return;
     Show.timSendToMerger.Enabled = false;
     RestoreParameters();
+    Screen.TransferRuns(false);
+    Screen.SequencerStatus("Das Senden wurde abgebrochen.");
 }
 
 } // namespace quorvane

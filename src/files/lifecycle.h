@@ -9,7 +9,8 @@ namespace quorvane {
 bool StartProgram();
 
 // Takes the snapshot of the status word for the settings and asks about unsaved work of all four kinds.
-// False when the user cancelled; the snapshot has been taken all the same.
+// False when the user cancelled; the snapshot has been taken all the same. A transfer to the play unit is
+// abandoned first.
 bool MayClose();
 
 // Clocks off, interface closed. What the lamps show last, they keep.

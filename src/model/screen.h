@@ -51,7 +51,8 @@ struct ScreenCalls {
     Slot<bool /*on*/> EnableDmxEntries; // DMX Start and DMX Stop
     Slot<bool /*shown*/> ShowDmxEntries;
     Slot<bool /*stopped*/> CheckDmxStop;
-    Slot<> PlaceMain; // from window 1 of WindowPos, its state included
+    Slot<bool /*runs*/> TransferRuns; // to the play unit; nobody changes meanwhile what it sends
+    Slot<> PlaceMain;                 // from window 1 of WindowPos, its state included
     Slot<int /*WindowNumber*/> OpenWindow;
 
     // Sequencer window. field: 0 step, 1 blend time, 2 hold time, 3 turbo factor; the text stands in

@@ -87,6 +87,7 @@ void MDIHaupt::FillScreen() {
         mnuDMXStop->setVisible(shown);
     };
     Screen.CheckDmxStop = [this](bool stopped) { mnuDMXStop->setChecked(stopped); };
+    Screen.TransferRuns = [this](bool runs) { EnableForTransfer(runs); };
     Screen.PlaceMain = [this] { PlaceMain(); };
     Screen.OpenWindow = [this](int number) { OpenWindow(number); };
 }
@@ -142,6 +143,18 @@ void MDIHaupt::mnuDMXInit_Click() {
         close();
     else if (choose)
         frmIFS(this).exec();
+}
+
+// The images are built from sequence, wall and patch as they go out, and the parameter block is the
+// transfer's: nobody changes or saves them meanwhile.
+void MDIHaupt::EnableForTransfer(bool runs) {
+    for (const char* name :
+         {"mnuNeueWand", "mnuKillWand", "mnuConfigLaden", "mnuConfigSpeichern", "mnuSequenceLaden",
+          "mnuElement", "mnuPatchfenster", "mnuOptions", "mnuDMXInit", "mnuSequenceToMerger"})
+        if (auto* entry = findChild<QAction*>(name)) entry->setEnabled(!runs);
+    for (const char* name : {"frmElement", "frmOptions"})
+        if (auto* window = findChild<QWidget*>(name)) window->setEnabled(!runs);
+    Control->EnableForTransfer(runs);
 }
 
 void MDIHaupt::mnuHilfe_Click() {

@@ -58,6 +58,7 @@ private:
     void mnuNeueWand_Click();
     void mnuKillWand_Click();
     void mnuDMXInit_Click();
+    void EnableForTransfer(bool runs);
     void mnuHilfe_Click();
     bool MDIForm_QueryUnload();
     void MDIForm_Unload();

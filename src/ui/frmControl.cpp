@@ -228,6 +228,11 @@ void frmControl::DeleteSequence() {
     if (DarkenOutputForDelete() && !UnsavedChangesGuard("sequence")) EmptySequence();
 }
 
+void frmControl::EnableForTransfer(bool runs) {
+    for (const int index : {BlendField, HoldField}) txtSequence.at(At(index))->setEnabled(!runs);
+    for (const int index : {1, 5}) cmdSequence.at(At(index))->setEnabled(!runs);
+}
+
 void frmControl::keyPressEvent(QKeyEvent* event) {
     if (!TakeSelectionKey(event)) ChildWindow::keyPressEvent(event);
 }

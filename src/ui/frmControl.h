@@ -26,6 +26,9 @@ public:
     // Previous scene, add scene, play, stop, next scene, delete sequence, back to the start.
     std::array<QPushButton*, 7> cmdSequence{};
 
+    // What changes the sequence is off while it goes out to the play unit.
+    void EnableForTransfer(bool runs);
+
 protected:
     void Form_Load() override;
     void keyPressEvent(QKeyEvent* event) override;

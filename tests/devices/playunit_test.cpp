@@ -6,6 +6,7 @@
 #include "devices/interface.h"
 #include "devices/sceneimage.h"
 #include "model/sequence.h"
+#include "model/wall.h"
 
 #include <nlohmann/json.hpp>
 
@@ -155,6 +156,19 @@ TEST_F(PlayUnit, AbandonedTransferLeavesTheParameterBlockAsItWas) {
     EXPECT_EQ(Show.DmxIni[1], 99) << "there is none any more";
 }
 
+TEST_F(PlayUnit, WindowsLearnWhenATransferRuns) {
+    std::vector<bool> told;
+    Screen.TransferRuns = [&](bool runs) { told.push_back(runs); };
+    mnuSequenceToMerger_Click();
+    EXPECT_EQ(told, std::vector<bool>{true});
+    Tick(255);
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+    mnuSequenceToMerger_Click();
+    AbandonTransfer();
+    EXPECT_EQ(told, (std::vector<bool>{true, false, true, false}));
+    EXPECT_EQ(LastText("status", "frmControl"), "Das Senden wurde abgebrochen.");
+}
+
 TEST_F(PlayUnit, TransferIsAbandonedWhenTheCardIsGone) {
     mnuSequenceToMerger_Click();
     Tick(3);
@@ -264,6 +278,86 @@ protected:
 TEST_F(TransferSamples, FiveStepsGoOutAsWorkedOut) { Play(TestData("samples/154-transfer")); }
 
 TEST_F(TransferSamples, TwoHundredFiftyFourStepsGoOutAsWorkedOut) { Play(TestData("samples/155-transfer")); }
+
+// What a card of each kind has in its memory when an image is complete, taken out of the accesses to its
+// ports in their order.
+class CardKinds : public TransferSamples {
+protected:
+    // Follows the accesses of one tick. The strobe comes first, then every byte behind its two address bytes.
+    void FollowTick(CardModel model) {
+        ASSERT_EQ(Trace.size(), 1u + 3 * (16 + 512));
+        const bool familyC = model == CardModel::C7300C;
+        EXPECT_EQ(Trace[0], (PortAccess{familyC ? 'r' : 'w', base, 0}));
+        received.clear();
+        for (std::size_t i = 1; i < Trace.size(); i += 3) {
+            const auto& [lowKind, lowPort, low] = Trace[i];
+            const auto& [highKind, highPort, high] = Trace[i + 1];
+            const auto& [kind, port, value] = Trace[i + 2];
+            ASSERT_EQ((std::vector<int>{lowPort, highPort, port}),
+                      (std::vector<int>{base, base + 1, base + 2}));
+            ASSERT_EQ(std::string({lowKind, highKind, kind}), "www");
+            received.emplace_back(high * 256 + low, value);
+        }
+    }
+
+    void ExpectImage(int image, const std::string& images, const json& before) {
+        for (int word = 0; word <= 15; ++word) {
+            const int kept = before[static_cast<std::size_t>(word)].get<int>() & 255;
+            const int expected = word == 1 ? image : word == 0 || word == 2 ? kept : word == 4 ? 1 : 0;
+            ASSERT_EQ(received[static_cast<std::size_t>(word)], std::pair(1008 + word, expected)) << image;
+        }
+        for (int index = 0; index < 512; ++index) {
+            const auto at = static_cast<std::size_t>(512 * (image - 1) + index);
+            const int expected = static_cast<std::uint8_t>(images[at]);
+            ASSERT_EQ(received[static_cast<std::size_t>(16 + index)], std::pair(1024 + index, expected))
+                << image;
+            ASSERT_EQ(Bus.Cards[0].Level(index + 1), expected) << image;
+        }
+    }
+
+    void Play(const std::filesystem::path& folder, CardModel model) {
+        std::ifstream file(folder / "expected.json");
+        const json expected = json::parse(file);
+        std::ifstream imagesFile(folder / "images.bin", std::ios::binary);
+        const std::string images(std::istreambuf_iterator<char>(imagesFile), {});
+        ASSERT_EQ(images.size(), 255u * 512);
+        StartShow(); // steps of the last one are not seen behind a shorter one
+        LoadWall(expected["config"]);
+        LoadSteps(folder / "show.QSQ");
+        Bus.Cards.clear();
+        PlugIn(model, static_cast<std::uint32_t>(base));
+        WriteFirmware();
+        Show.InterfaceType = model == CardModel::C7300C ? IsaCardC : IsaCardB;
+        OpenPort(Show.InterfaceType);
+        ASSERT_EQ(Show.CardBase, base);
+        const json& before = expected["DmxIni_before"];
+        for (int word = 0; word <= 15; ++word) Show.DmxIni[word] = before[static_cast<std::size_t>(word)];
+        mnuSequenceToMerger_Click();
+        for (int image = 1; image <= 255; ++image) {
+            Tick();
+            FollowTick(model);
+            ExpectImage(image, images, before);
+            if (HasFatalFailure()) return;
+        }
+        EXPECT_FALSE(Show.timSendToMerger.Enabled);
+        for (int word = 1; word <= 15; ++word)
+            EXPECT_EQ(Show.DmxIni[word],
+                      word <= 10 ? before[static_cast<std::size_t>(word)].get<int>() & 255 : 0);
+        EXPECT_EQ(Show.DmxIni[0], before[0]);
+    }
+
+    static constexpr int base = 0x120;
+    std::vector<std::pair<int, int>> received; // dual-port address and byte
+};
+
+TEST_F(CardKinds, EveryKindReceivesAllImagesAndParametersInOrder) {
+    for (const CardModel model :
+         {CardModel::C7300A, CardModel::C7300BLC, CardModel::C7300B, CardModel::C7300C})
+        for (const char* sample : {"samples/154-transfer", "samples/155-transfer"}) {
+            SCOPED_TRACE(sample + std::string(" model ") + std::to_string(static_cast<int>(model)));
+            Play(TestData(sample), model);
+        }
+}
 
 TEST_F(TransferSamples, DigestIsTheKnownOne) {
     EXPECT_EQ(Sha256("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");

@@ -178,6 +178,37 @@ TEST_F(Lifecycle, EndStopsTheClocksAndClosesTheInterfaceWithoutABlackout) {
     EXPECT_EQ(Show.InterfaceOpen[3], 0);
 }
 
+TEST_F(Lifecycle, ConfigurationSavedOnClosingDuringATransferHasTheParametersThatStoodBeforeIt) {
+    ASSERT_TRUE(StartProgram());
+    MakeWall(2, 1);
+    Show.InterfaceType = IsaCardB;
+    Show.CardBase = 0x100;
+    for (int word = 0; word <= 15; ++word) Show.DmxIni[word] = static_cast<std::int16_t>(20 + word);
+    mnuSequenceToMerger_Click();
+    timSendToMerger_Timer();
+    Show.ChangeFlags.bits = 0x01;
+    Answers = {Answer::Yes};
+    ChosenFiles = {(ProgramFolder / "wall.CFG").string()};
+    EXPECT_TRUE(MayClose());
+    EXPECT_NE(Read("wall.CFG").find("[DMXINI]\r\n 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 0,"),
+              std::string::npos)
+        << Read("wall.CFG");
+}
+
+TEST_F(Lifecycle, ProgramThatStaysAfterATransferWasAbandonedGoesOnSending) {
+    ASSERT_TRUE(StartProgram());
+    Show.InterfaceType = IsaCardB;
+    Show.CardBase = 0x100;
+    mnuSequenceToMerger_Click();
+    timSendToMerger_Timer();
+    Show.ChangeFlags.bits = 0x01;
+    Answers = {Answer::Cancel};
+    EXPECT_FALSE(MayClose());
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    EXPECT_TRUE(Show.AutoXmit.Enabled);
+    EXPECT_EQ(Show.DmxIniDirty, 1);
+}
+
 TEST_F(Lifecycle, EndDuringATransferKeepsTheParametersThatStoodBeforeIt) {
     ASSERT_TRUE(StartProgram());
     Show.InterfaceType = IsaCardB;
