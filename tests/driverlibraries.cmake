@@ -12,3 +12,9 @@ foreach(kind whole lacking)
     add_dependencies(driver_libraries ${library}_${kind})
   endforeach()
 endforeach()
+
+# One with a whole memory card in it.
+add_library(MemoCard_ram MODULE platform/driverlibraries/MemoCardRam.cpp)
+set_target_properties(MemoCard_ram PROPERTIES PREFIX "" OUTPUT_NAME MemoCard
+                      LIBRARY_OUTPUT_DIRECTORY ${TEST_DRIVER_LIBRARIES}/ram)
+add_dependencies(driver_libraries MemoCard_ram)

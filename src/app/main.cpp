@@ -65,6 +65,10 @@ int main(int argc, char** argv) {
         RunEvents();
         return !window.ClosePending();
     };
+    Host.ServeEvents = [&window] {
+        QCoreApplication::processEvents();
+        return !window.ClosePending();
+    };
     if (!window.MDIForm_Load()) return 1;
     // Not before: what has not been read yet must not be written.
     const QuitSignal quitSignal([&window] { window.CloseFromOutside(); });

@@ -73,6 +73,11 @@ struct ScreenCalls {
     Slot<int /*index*/> PaintSelected;                 // highlight background, red text
     Slot<int /*index*/, ScreenColour> PaintUnselected; // colour as background, white text
 
+    // Memory card window.
+    Slot<std::string_view> MemCardStatus;
+    Slot<std::string_view> MemCardImage; // what is being written, or tried again
+    Slot<std::int32_t /*bytes*/, std::int32_t /*of*/> MemCardProgress;
+
     // Element dialog.
     Slot<> ActivateElementWindow; // the one selected element is another: show its patch
     Slot<> PatchLoaded;           // the patch shown is no longer the one in the show

@@ -83,6 +83,15 @@ enum WindowNumber : int {
 // Columns of WindowPos. All lengths are 1/15 of a logical pixel.
 enum WindowValue : int { PosLeft = 1, PosTop, PosWidth, PosHeight, PosState };
 
+// What MemCardSize says when it is no size.
+constexpr std::int32_t NoMemCard = 0;
+constexpr std::int32_t NoMemCardInterface = 1;
+constexpr std::int32_t MemCardFault = 2;
+
+// Values of MemCardAbort.
+constexpr std::uint8_t MemCardGivenUp = 1; // by the user
+constexpr std::uint8_t MemCardLeft = 2;    // its window or the program is being closed: nothing is asked
+
 struct GridPosition {
     std::uint8_t Column = 0; // 1-based
     std::uint8_t Row = 0;    // 1-based
@@ -161,6 +170,11 @@ struct ShowState {
     // Transfer to the play unit
     std::uint8_t TransferImage = 0;         // the image that the next tick sends, 1..255
     Table<std::uint8_t, 0, 16> SavedDmxIni; // low bytes of DmxIni before the transfer
+
+    // Memory card
+    std::int16_t MemCardBase = 0;  // I/O address of its adapter, set when work on the card begins
+    std::int32_t MemCardSize = 0;  // bytes, or a MemCardResult
+    std::uint8_t MemCardAbort = 0; // not 0: the work on the card is given up, every loop stops
 
     // Files and last state. Paths are full names, empty when there is none.
     std::string IniPath;

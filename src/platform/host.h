@@ -72,6 +72,8 @@ struct HostCalls {
     // Lets waiting events of the user interface and the heartbeat run. False when the program is being
     // closed: whoever waits gives up.
     std::function<bool()> DoEvents = [] { return true; };
+    // The same for work instead of waiting: serves the events that are there, and does not pause for more.
+    std::function<bool()> ServeEvents = [] { return true; };
 
     std::function<Answer(std::string_view text, Buttons buttons, std::string_view title, Icon icon)> MsgBox =
         [](std::string_view, Buttons, std::string_view, Icon) { return Answer::Cancel; };

@@ -79,6 +79,8 @@ Bench::Bench() : ProgramFolder(FreshFolder()) {
     Screen.WallStatus = text("status", "frmWand");
     Screen.SequencerStatus = text("status", "frmControl");
     Screen.ColourStatus = text("status", "frmColor");
+    Screen.MemCardStatus = text("status", "frmFiles");
+    Screen.MemCardImage = text("progress", "frmFiles");
     Screen.PaintElement = [this](int index, ScreenColour) { PaintedElements.push_back(index); };
 
     StartShow();

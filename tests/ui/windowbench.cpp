@@ -13,6 +13,8 @@
 #include <QMenuBar>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace quorvane {
 
 WindowBench::WindowBench() {
@@ -25,6 +27,10 @@ WindowBench::WindowBench() {
     Host.Beep = [this] { ++Beeps; };
     Host.DoEvents = [this, now = 0.0]() mutable {
         Host.Seconds = [now = now += 0.01] { return now; };
+        QCoreApplication::processEvents();
+        return !main->ClosePending();
+    };
+    Host.ServeEvents = [this] {
         QCoreApplication::processEvents();
         return !main->ClosePending();
     };
@@ -134,8 +140,10 @@ void WindowBench::WatchForDialogs() {
 
 void WindowBench::LookForDialog() {
     auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!modal || modal == dialog || !modal->isVisible()) return;
-    dialog = modal;
+    if (!modal || !modal->isVisible()) return;
+    std::erase(dialogs, nullptr);
+    if (std::find(dialogs.begin(), dialogs.end(), modal) != dialogs.end()) return;
+    dialogs.emplace_back(modal);
     if (auto* box = qobject_cast<QMessageBox*>(modal))
         Boxes.push_back({box->windowTitle().toStdString(), box->text().toStdString()});
     if (reactions.empty()) {

@@ -78,8 +78,8 @@ private:
     void WatchForDialogs();
     void LookForDialog();
 
-    QObject watch;            // while it lives, dialogs are looked for
-    QPointer<QWidget> dialog; // already dealt with
+    QObject watch;                          // while it lives, dialogs are looked for
+    std::vector<QPointer<QWidget>> dialogs; // already dealt with; one may stand before another
     std::deque<std::function<void(QDialog*)>> reactions;
 };
 
