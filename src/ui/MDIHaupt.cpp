@@ -11,6 +11,7 @@
 #include "ui/field.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
+#include "ui/frmFiles.h"
 #include "ui/frmIFS.h"
 #include "ui/frmNeueWand.h"
 #include "ui/frmWand.h"
@@ -145,6 +146,17 @@ void MDIHaupt::mnuDMXInit_Click() {
         frmIFS(this).exec();
 }
 
+// Closing the program ends the work on the card first, and then goes on as usual.
+void MDIHaupt::ShowMemoryCard(int command) {
+    frmFiles window(this, static_cast<frmFiles::Command>(command));
+    memoryCard = &window;
+    waiting = true;
+    window.exec();
+    waiting = false;
+    memoryCard = nullptr;
+    if (closePending) close();
+}
+
 // The images are built from sequence, wall and patch as they go out, and the parameter block is the
 // transfer's: nobody changes or saves them meanwhile.
 void MDIHaupt::EnableForTransfer(bool runs) {
@@ -178,6 +190,7 @@ void MDIHaupt::MDIForm_Unload() {
 
 void MDIHaupt::closeEvent(QCloseEvent* event) {
     closePending = waiting;
+    if (memoryCard) memoryCard->close();
     if (closePending || !MDIForm_QueryUnload()) {
         event->ignore();
         return;

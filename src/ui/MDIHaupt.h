@@ -58,6 +58,7 @@ private:
     void mnuNeueWand_Click();
     void mnuKillWand_Click();
     void mnuDMXInit_Click();
+    void ShowMemoryCard(int command);
     void EnableForTransfer(bool runs);
     void mnuHilfe_Click();
     bool MDIForm_QueryUnload();
@@ -67,6 +68,7 @@ private:
     QMenu* mnuBearbeiten = nullptr;
     QAction* mnuDMXStart = nullptr;
     QAction* mnuDMXStop = nullptr;
+    QWidget* memoryCard = nullptr; // its window, while it is open
     QList<ChildWindow*> children;
     bool waiting = false; // a command that lets events run is under way
     bool closePending = false;

@@ -6,6 +6,7 @@
 #include "ui/MDIHaupt.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
+#include "ui/frmFiles.h"
 #include "ui/frmInfo.h"
 #include "ui/frmWand.h"
 
@@ -46,12 +47,15 @@ void MDIHaupt::BuildFileMenu() {
     Entry(mnuLaden, "mnuSceneLaden", "Szene", LoadScene);
     Entry(mnuLaden, "mnuSequenceLaden", "Sequenz", LoadSequence);
     Entry(mnuLaden, "mnuFarbTblLaden", "Farbtabelle", LoadColourTable);
+    Entry(mnuLaden, "mnuMemCardLaden", "Memory Card", [this] { ShowMemoryCard(frmFiles::ReadBack); });
 
     QMenu* mnuSpeichern = Submenu(mnuDatei, "mnuSpeichern", "Speichern");
     Entry(mnuSpeichern, "mnuConfigSpeichern", "&Konfiguration", SaveConfiguration);
     Entry(mnuSpeichern, "mnuSceneSpeichern", "&Szene ", SaveScene); // trailing blank on purpose
     Entry(mnuSpeichern, "mnuSequenceSpeichern", "Se&quenz", SaveSequence);
     Entry(mnuSpeichern, "mnuFarbtblSpeichern", "&Farbtabelle", SaveColourTable);
+    Entry(mnuSpeichern, "mnuMemCardSpeichern", "&Memory Card",
+          [this] { ShowMemoryCard(frmFiles::WriteCard); });
 
     QMenu* mnuSendSequence = Submenu(mnuDatei, "mnuSendSequence", "Sequenz senden");
     Entry(mnuSendSequence, "mnuSequenceToMerger", "zum Merger über DMX", mnuSequenceToMerger_Click);
