@@ -7,6 +7,7 @@
 #include "platform/host.h"
 #include "platform/monotonicclock.h"
 
+#include <QEventLoop>
 #include <QtGlobal>
 
 #ifdef Q_OS_WIN
@@ -16,6 +17,7 @@
 #endif
 
 #include <string>
+#include <utility>
 
 namespace quorvane {
 
@@ -55,6 +57,15 @@ void Heartbeat::Beat() {
     RunTick(Show.AutoXmit, AutoXmit_Timer);
     RunTick(Show.timSendToMerger, timSendToMerger_Timer);
     awake.Follow(Show.AutoXmit.Enabled, Show.StatusFlags.Has(Status::SequencePlaying));
+    if (waiting) waiting->quit();
+}
+
+void Heartbeat::WaitForBeat() {
+    if (!Show.AutoXmit.Enabled && !Show.timSendToMerger.Enabled) return;
+    QEventLoop loop;
+    QEventLoop* const outer = std::exchange(waiting, &loop);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    waiting = outer;
 }
 
 } // namespace quorvane

@@ -8,11 +8,17 @@
 
 #include <QObject>
 
+class QEventLoop;
+
 namespace quorvane {
 
 class Heartbeat : public QObject {
 public:
     Heartbeat();
+
+    // Comes back right after the next beat, at once while no clock is enabled. Input waits meanwhile, so that
+    // nothing is begun twice.
+    void WaitForBeat();
 
 private:
     void Beat();
@@ -20,6 +26,7 @@ private:
     TickTimer timer;
     TickGrid grid;
     StayAwake awake;
+    QEventLoop* waiting = nullptr; // ends with the next beat
 };
 
 } // namespace quorvane

@@ -59,7 +59,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(ProgramIcon());
 
     Outside outside(programFolder);
-    AskByDialogs();
+    AskByDialogs([&heartbeat] { heartbeat.WaitForBeat(); });
     MDIHaupt window;
     Host.DoEvents = [&window] {
         RunEvents();

@@ -11,6 +11,9 @@
 #include <QMainWindow>
 #include <QMessageBox>
 
+#include <memory>
+#include <utility>
+
 namespace quorvane {
 
 namespace {
@@ -91,16 +94,23 @@ protected:
     }
 };
 
-std::optional<std::string> AskFile(const FileQuestion& question, QFileDialog::AcceptMode mode) {
+std::optional<std::string> AskFile(const FileQuestion& question, QFileDialog::AcceptMode mode,
+                                   const std::function<void()>& afterTick) {
     const QString filter = Shown(question.Filter);
-    FileDialog dialog(Questioned(), Shown(question.Title), Shown(question.Folder));
+    afterTick();
+    const auto made =
+        std::make_unique<FileDialog>(Questioned(), Shown(question.Title), Shown(question.Folder));
+    FileDialog& dialog = *made;
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilter(filter + ' ' + filter.toLower()); // files from elsewhere come in either case
     dialog.setDefaultSuffix(Shown(question.Extension));
     dialog.resize(760, 480); // wide enough for sizes and dates to stand in full
     dialog.selectFile(Shown(question.Name));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    afterTick();
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    afterTick(); // it is cleared away on returning
+    if (!accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
 }
 
@@ -119,13 +129,13 @@ std::optional<std::uint32_t> AskColourByDialog(std::uint32_t initial) {
 
 } // namespace
 
-void AskByDialogs() {
+void AskByDialogs(std::function<void()> afterTick) {
     Host.MsgBox = AskByBox;
-    Host.AskOpenFile = [](const FileQuestion& question) {
-        return AskFile(question, QFileDialog::AcceptOpen);
+    Host.AskOpenFile = [afterTick](const FileQuestion& question) {
+        return AskFile(question, QFileDialog::AcceptOpen, afterTick);
     };
-    Host.AskSaveFile = [](const FileQuestion& question) {
-        return AskFile(question, QFileDialog::AcceptSave);
+    Host.AskSaveFile = [wait = std::move(afterTick)](const FileQuestion& question) {
+        return AskFile(question, QFileDialog::AcceptSave, wait);
     };
     Host.AskColour = AskColourByDialog;
     Host.Beep = [] { QApplication::beep(); };

@@ -3,10 +3,14 @@
 #include "engine/sequencer.h"
 #include "model/wall.h"
 #include "ui/frmWand.h"
+#include "ui/questions.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+
+#include <algorithm>
 
 namespace quorvane {
 
@@ -74,6 +78,21 @@ TEST_F(FileDialogTest, EachKindOpensWithItsTitleFolderFilterExtensionAndName) {
         EXPECT_EQ(seen.Mode, kind.Load ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave) << kind.Entry;
         EXPECT_TRUE(QDir(Folder.filePath(kind.Folder)).exists()) << kind.Folder;
     }
+}
+
+TEST_F(FileDialogTest, MakingShowingAndClearingAwayEachWaitForATickToPass) {
+    std::vector<bool> seen; // whether the dialog could be seen at each wait
+    AskByDialogs([&seen] {
+        const auto windows = QApplication::topLevelWidgets();
+        seen.push_back(std::ranges::any_of(windows, [](const QWidget* window) {
+            return window->inherits("QFileDialog") && window->isVisible();
+        }));
+    });
+    StartProgram();
+    ChooseFile("");
+    Answer(QMessageBox::Ok);
+    Choose("mnuFarbTblLaden");
+    EXPECT_EQ(seen, (std::vector<bool>{false, false, false}));
 }
 
 TEST_F(FileDialogTest, CancelledLoadSaysSoAndKeepsTheCurrentFile) {
