@@ -60,11 +60,13 @@ class Program:
     """The program on a display, playing the demo or what stands in its program folder."""
     PAUSE = 0.15  # s that a person needs at least from one press to the next
 
-    def __init__(self, display, home, **environment):
+    def __init__(self, display, home, output="", **environment):
+        """output is what stands in its Ausgabe.ini."""
         self.home = pathlib.Path(home)
         self.folder = self.home / "program"
         if not self.folder.exists():
             subprocess.run([ROOT / "assets/demo/place", self.folder], check=True)
+            (self.folder / "Ausgabe.ini").write_text(output)
             (self.home / ".config/Quorvane").mkdir(parents=True)
             (self.home / ".config/Quorvane/Quorvane.conf").write_text("[Interface]\nType=3\n")
         surroundings = dict(os.environ, HOME=str(home), DISPLAY=display, XDG_CONFIG_HOME=str(self.home / ".config"),
