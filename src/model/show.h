@@ -131,7 +131,8 @@ struct ShowState {
     Table<std::uint8_t, 0, 254> ElementSelected; // 1 selected
     std::uint8_t SelectedCount = 0;
     Table<Table<std::uint8_t, 0, 254>, 0, 13> Selections; // [slot][element - 1]; F2..F12 use slots 1..11
-    std::int16_t PatchElementNo = 0; // element last pressed with the right button; for the element dialog
+    std::int16_t PatchElementNo = 0;   // element last pressed with the right button; for the element dialog
+    std::uint8_t PatchEditElement = 0; // element whose patch the element dialog shows
 
     // Sequence
     std::uint8_t StepCount = 0;

@@ -55,12 +55,22 @@ void WarnOfTooFewChannels() {
                 Decimal(Show.ElementCount * 4) + " Kanäle belegen.");
 }
 
+void RemoveElements() {
+    while (Show.ElementCount > 0) {
+        Screen.RemoveElement(Show.ElementCount - 1);
+        --Show.ElementCount;
+    }
+    Show.StatusFlags.Clear(Status::WallExists);
+    Show.ElementSelected.Fill(0);
+    Show.SelectedCount = 0;
+}
+
 void BuildWall(bool unsaved) {
     if (Show.WallColumns * Show.WallRows > MaxElements)
         throw std::out_of_range("Eine Wand mit " + Decimal(Show.WallColumns) + " x " +
                                 Decimal(Show.WallRows) + " Elementen hat mehr als " + Decimal(MaxElements) +
                                 " Elemente.");
-    if (Show.StatusFlags.Has(Status::WallExists)) RemoveWall();
+    if (Show.StatusFlags.Has(Status::WallExists)) RemoveElements();
     if (unsaved) {
         Show.ChangeFlags.Set(Change::ConfigNew);
         Show.ChangeFlags.Set(Change::ConfigChanged);
@@ -107,18 +117,16 @@ void StartShow() {
     Show.SequencerField[3] = "100";
 }
 
-void NeueWandInit() { BuildWall(true); }
+void NeueWandInit() {
+    BuildWall(true);
+    Screen.PatchLoaded();
+}
 
 void NeueWandLoad() { BuildWall(false); }
 
 void RemoveWall() {
-    while (Show.ElementCount > 0) {
-        Screen.RemoveElement(Show.ElementCount - 1);
-        --Show.ElementCount;
-    }
-    Show.StatusFlags.Clear(Status::WallExists);
-    Show.ElementSelected.Fill(0);
-    Show.SelectedCount = 0;
+    RemoveElements();
+    Screen.PatchLoaded();
 }
 
 void ShowWallColours() {

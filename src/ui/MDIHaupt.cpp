@@ -11,6 +11,7 @@
 #include "ui/field.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
+#include "ui/frmElement.h"
 #include "ui/frmFiles.h"
 #include "ui/frmIFS.h"
 #include "ui/frmNeueWand.h"
@@ -53,6 +54,7 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
     Wand = AddChild<frmWand>();
     Color = AddChild<frmColor>();
     Control = AddChild<frmControl>();
+    Element = AddChild<frmElement>();
     BuildMenus();
     Wand->OpenEditMenu = [this](const QPoint& place) { mnuBearbeiten->popup(place); };
     FillScreen();
@@ -65,6 +67,8 @@ template<class Window> Window* MDIHaupt::AddChild() {
     frame->hide();
     window->hide();
     children.append(window);
+    connect(area, &QMdiArea::subWindowActivated, window,
+            [window](const QMdiSubWindow* active) { window->FrontChanged(active); });
     return window;
 }
 
@@ -97,6 +101,7 @@ void MDIHaupt::OpenWindow(int number) {
     if (number == WallWindow) Wand->Open();
     if (number == ColourWindow) Color->Open();
     if (number == SequencerWindow) Control->Open();
+    if (number == ElementWindow) Element->Open();
 }
 
 // Shown here, so that the windows inside find the area they are placed in.

@@ -15,6 +15,7 @@ namespace quorvane {
 class ChildWindow;
 class frmColor;
 class frmControl;
+class frmElement;
 class frmWand;
 
 class MDIHaupt : public QMainWindow {
@@ -32,6 +33,7 @@ public:
     frmWand* Wand;
     frmColor* Color;
     frmControl* Control;
+    frmElement* Element;
 
     // True once the user has asked for the program's end while a command was still waiting.
     bool ClosePending() const { return closePending; }

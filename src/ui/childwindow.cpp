@@ -30,6 +30,18 @@ void ChildWindow::Open() {
     Frame()->show();
     ApplyPlace();
     Frame()->mdiArea()->setActiveSubWindow(Frame());
+    FrontChanged(Frame());
+}
+
+void ChildWindow::FrontChanged(const QMdiSubWindow* frame) {
+    if (!frame || !Show.StatusFlags.Has(openBit)) return; // the area activates what it hides, too
+    const bool before = front;
+    front = frame == Frame();
+    if (front && !before) Form_Activate();
+}
+
+QSize ChildWindow::Within(const QSize& area, const QSize& own) const {
+    return own.expandedTo(minimumSizeHint()).boundedTo(area);
 }
 
 // The stored place; without one a useful size beside the windows that are open.
@@ -97,6 +109,7 @@ void ChildWindow::closeEvent(QCloseEvent* event) {
     CheckFocusedField();
     StorePosition();
     Show.StatusFlags.Clear(openBit);
+    front = false;
     event->accept();
 }
 

@@ -21,6 +21,8 @@ public:
     void Open();
     // Keeps left and top of the framed window, width and height of the window itself.
     void StorePosition();
+    // The main window's active window is this frame now; none while another program has the front.
+    void FrontChanged(const QMdiSubWindow* frame);
 
 protected:
     // The window itself in this size with the frame around it, no larger than the free area, and the
@@ -28,11 +30,15 @@ protected:
     void ResizeFramed(const QSize& own);
     void MoveFramed(const QPoint& position);
     QMdiSubWindow* Frame() const;
-    // The size that the window takes of the wanted one when the free area is this large.
-    virtual QSize Within(const QSize& area, const QSize& own) const { return own.boundedTo(area); }
+    // The size that the window takes of the wanted one when the free area is this large: large enough for its
+    // controls.
+    virtual QSize Within(const QSize& area, const QSize& own) const;
 
     // Runs when the window opens, before it is seen; not when it is only brought to the front.
     virtual void Form_Load() {}
+    // Runs each time the window becomes the active one of the main window's, and not when the user only comes
+    // back from another program.
+    virtual void Form_Activate() {}
 
     // Runs the check of the field that has the focus first.
     void closeEvent(QCloseEvent* event) override;
@@ -49,6 +55,7 @@ private:
     std::optional<QSize> wantedSize;
     std::optional<QPoint> wantedPosition;
     bool unplaced = false; // opens without a position that anyone gave it
+    bool front = false;    // is the active one
 };
 
 } // namespace quorvane

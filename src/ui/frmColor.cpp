@@ -271,8 +271,4 @@ void frmColor::keyPressEvent(QKeyEvent* event) {
     if (!TakeSelectionKey(event)) ChildWindow::keyPressEvent(event);
 }
 
-QSize frmColor::Within(const QSize& area, const QSize& own) const {
-    return ChildWindow::Within(area, own.expandedTo(minimumSizeHint()));
-}
-
 } // namespace quorvane

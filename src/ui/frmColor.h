@@ -40,7 +40,6 @@ public:
 
 protected:
     void Form_Load() override;
-    QSize Within(const QSize& area, const QSize& own) const override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

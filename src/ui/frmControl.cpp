@@ -237,8 +237,4 @@ void frmControl::keyPressEvent(QKeyEvent* event) {
     if (!TakeSelectionKey(event)) ChildWindow::keyPressEvent(event);
 }
 
-QSize frmControl::Within(const QSize& area, const QSize& own) const {
-    return ChildWindow::Within(area, own.expandedTo(minimumSizeHint()));
-}
-
 } // namespace quorvane

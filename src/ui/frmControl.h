@@ -32,7 +32,6 @@ public:
 protected:
     void Form_Load() override;
     void keyPressEvent(QKeyEvent* event) override;
-    QSize Within(const QSize& area, const QSize& own) const override;
 
 private:
     void MakeFields();

@@ -6,6 +6,7 @@
 #include "ui/MDIHaupt.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
+#include "ui/frmElement.h"
 #include "ui/frmFiles.h"
 #include "ui/frmInfo.h"
 #include "ui/frmWand.h"
@@ -40,6 +41,8 @@ void MDIHaupt::BuildMenus() {
 void MDIHaupt::BuildFileMenu() {
     QMenu* mnuDatei = Submenu(nullptr, "mnuDatei", "&Datei");
     Entry(mnuDatei, "mnuNeueWand", "Neue &Wand", [this] { mnuNeueWand_Click(); });
+    // A place kept for a command that was never settled, on purpose.
+    Entry(mnuDatei, "mnuNeuesElement", "Neues &Element", [] {})->setVisible(false);
     Entry(mnuDatei, "mnuKillWand", "Wand löschen", [this] { mnuKillWand_Click(); });
 
     QMenu* mnuLaden = Submenu(mnuDatei, "mnuLaden", "Laden");
@@ -68,6 +71,7 @@ void MDIHaupt::BuildEditMenu() {
     mnuBearbeiten = Submenu(nullptr, "mnuBearbeiten", "&Bearbeiten");
     Entry(mnuBearbeiten, "mnuFarbe", "&Farbe", [this] { Color->Open(); });
     Entry(mnuBearbeiten, "mnuWand", "&Wand", [this] { Wand->Open(); });
+    Entry(mnuBearbeiten, "mnuElement", "&Element patchen", [this] { Element->Open(); });
     mnuBearbeiten->addSeparator();
     BuildSelectionMenu("mnuMusterHinzu", "&Muster hinzufügen", ShiftHeld);
     BuildSelectionMenu("mnuMusterAusw", "Muster &auswählen", 0);
@@ -88,6 +92,7 @@ void MDIHaupt::BuildSelectionMenu(const char* name, const char* caption, int shi
 
 void MDIHaupt::BuildWindowMenu() {
     QMenu* mnuFenster = Submenu(nullptr, "mnuFenster", "Fenster");
+    Entry(mnuFenster, "mnuPatchfenster", "Patchfenster", [this] { Element->Open(); });
     Entry(mnuFenster, "mnuTransporter", "Sequenzer", [this] { Control->Open(); });
     Entry(mnuFenster, "mnuColorfenster", "Color Fenster", [this] { Color->Open(); });
 }

@@ -197,6 +197,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Configuration, ReadBeforeTheFailureStays) {
     MakeWall(4, 3);
+    PatchShown = 0;
     Load(With(Text(), "[Patching]", ""));
     EXPECT_EQ(Show.ElementCount, 2);
     EXPECT_EQ(Show.WallName, Padded20("Bühne"));
