@@ -11,6 +11,7 @@
 #include "ui/field.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
+#include "ui/frmDMX.h"
 #include "ui/frmElement.h"
 #include "ui/frmFiles.h"
 #include "ui/frmIFS.h"
@@ -55,6 +56,7 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
     Color = AddChild<frmColor>();
     Control = AddChild<frmControl>();
     Element = AddChild<frmElement>();
+    Dmx = AddChild<frmDMX>();
     BuildMenus();
     Wand->OpenEditMenu = [this](const QPoint& place) { mnuBearbeiten->popup(place); };
     FillScreen();
@@ -101,6 +103,7 @@ void MDIHaupt::OpenWindow(int number) {
     if (number == WallWindow) Wand->Open();
     if (number == ColourWindow) Color->Open();
     if (number == SequencerWindow) Control->Open();
+    if (number == TestWindow) Dmx->Open();
     if (number == ElementWindow) Element->Open();
 }
 

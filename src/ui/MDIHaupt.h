@@ -15,6 +15,7 @@ namespace quorvane {
 class ChildWindow;
 class frmColor;
 class frmControl;
+class frmDMX;
 class frmElement;
 class frmWand;
 
@@ -34,6 +35,7 @@ public:
     frmColor* Color;
     frmControl* Control;
     frmElement* Element;
+    frmDMX* Dmx;
 
     // True once the user has asked for the program's end while a command was still waiting.
     bool ClosePending() const { return closePending; }

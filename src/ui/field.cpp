@@ -22,7 +22,7 @@ void Field::keyPressEvent(QKeyEvent* event) {
     const bool visible =
         !typed.isEmpty() && typed.at(0).isPrint() && !event->modifiers().testFlag(Qt::ControlModifier);
     down[event->key()] = visible ? typed : QString();
-    QLineEdit::keyPressEvent(event);
+    if (!KeyPress || KeyPress(down[event->key()])) QLineEdit::keyPressEvent(event);
 }
 
 void Field::keyReleaseEvent(QKeyEvent* event) {

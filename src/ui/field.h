@@ -17,6 +17,8 @@ public:
     void Put(const QString& text);
     bool Edited() const { return isModified() || text() != put; }
 
+    // A key goes down in this field; false keeps it out.
+    std::function<bool(const QString& typed)> KeyPress;
     // A key that was pressed in this field has come up. typed is what it typed when it went down: empty for
     // Tab, arrows, Ctrl+V and the like.
     std::function<void(int key, const QString& typed)> KeyUp;

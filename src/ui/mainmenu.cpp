@@ -6,6 +6,7 @@
 #include "ui/MDIHaupt.h"
 #include "ui/frmColor.h"
 #include "ui/frmControl.h"
+#include "ui/frmDMX.h"
 #include "ui/frmElement.h"
 #include "ui/frmFiles.h"
 #include "ui/frmInfo.h"
@@ -95,6 +96,7 @@ void MDIHaupt::BuildWindowMenu() {
     Entry(mnuFenster, "mnuPatchfenster", "Patchfenster", [this] { Element->Open(); });
     Entry(mnuFenster, "mnuTransporter", "Sequenzer", [this] { Control->Open(); });
     Entry(mnuFenster, "mnuColorfenster", "Color Fenster", [this] { Color->Open(); });
+    Entry(mnuFenster, "mnuTestfenster", "DMX Testfenster", [this] { Dmx->Open(); });
 }
 
 void MDIHaupt::BuildDmxMenu() {
@@ -106,6 +108,7 @@ void MDIHaupt::BuildDmxMenu() {
         mnuDMXStop_Click();
     });
     mnuDMXStop->setCheckable(true);
+    Entry(mnuDMX, "mnuDMXTest", "DMX Test", [this] { Dmx->Open(); });
 }
 
 void MDIHaupt::BuildHelpMenu() {
