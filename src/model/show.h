@@ -167,6 +167,9 @@ struct ShowState {
     std::uint8_t DmxIniDirty = 0;                     // 1 while DmxIni has to be written to the card
     std::int16_t ChannelCount = 0;                    // DMX channels in use
     std::string InterfaceName;                        // of the open interface, for the caption
+    float SendLength = 0;                             // of one DMX transmission, microseconds
+    std::int16_t SendLengthFives = 0;                 // (SendLength / 3600 + 2) x 5; used by nothing
+    std::int32_t SendRepeatTime = 50;                 // milliseconds, as the options have it; used by nothing
 
     // Transfer to the play unit
     std::uint8_t TransferImage = 0;         // the image that the next tick sends, 1..255

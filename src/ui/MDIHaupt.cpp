@@ -16,6 +16,7 @@
 #include "ui/frmFiles.h"
 #include "ui/frmIFS.h"
 #include "ui/frmNeueWand.h"
+#include "ui/frmOptions.h"
 #include "ui/frmWand.h"
 #include "ui/geometry.h"
 #include "ui/shown.h"
@@ -57,6 +58,7 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
     Control = AddChild<frmControl>();
     Element = AddChild<frmElement>();
     Dmx = AddChild<frmDMX>();
+    Options = AddChild<frmOptions>();
     BuildMenus();
     Wand->OpenEditMenu = [this](const QPoint& place) { mnuBearbeiten->popup(place); };
     FillScreen();
@@ -105,6 +107,7 @@ void MDIHaupt::OpenWindow(int number) {
     if (number == SequencerWindow) Control->Open();
     if (number == TestWindow) Dmx->Open();
     if (number == ElementWindow) Element->Open();
+    if (number == OptionsWindow) Options->Open();
 }
 
 // Shown here, so that the windows inside find the area they are placed in.

@@ -17,6 +17,7 @@ class frmColor;
 class frmControl;
 class frmDMX;
 class frmElement;
+class frmOptions;
 class frmWand;
 
 class MDIHaupt : public QMainWindow {
@@ -36,6 +37,7 @@ public:
     frmControl* Control;
     frmElement* Element;
     frmDMX* Dmx;
+    frmOptions* Options;
 
     // True once the user has asked for the program's end while a command was still waiting.
     bool ClosePending() const { return closePending; }

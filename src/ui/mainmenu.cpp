@@ -10,6 +10,7 @@
 #include "ui/frmElement.h"
 #include "ui/frmFiles.h"
 #include "ui/frmInfo.h"
+#include "ui/frmOptions.h"
 #include "ui/frmWand.h"
 
 #include <QMenuBar>
@@ -78,6 +79,8 @@ void MDIHaupt::BuildEditMenu() {
     BuildSelectionMenu("mnuMusterAusw", "Muster &auswählen", 0);
     Entry(mnuBearbeiten, "mnuSelectAll", "Alles markieren", SelectAll);
     Entry(mnuBearbeiten, "mnuInvertSelection", "Markierung &umkehren", InvertSelection);
+    mnuBearbeiten->addSeparator();
+    Entry(mnuBearbeiten, "mnuOptions", "&Optionen", [this] { Options->Open(); });
 }
 
 // The eleven keys as entries, for whoever works with the mouse; the entry of F2 has the index 0.

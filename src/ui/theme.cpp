@@ -32,6 +32,7 @@ void UseDarkTheme(QApplication& application) {
     QPalette boxes = palette;
     boxes.setColor(QPalette::Base, QColor(0x50, 0x55, 0x5f));
     QApplication::setPalette(boxes, "QCheckBox");
+    QApplication::setPalette(boxes, "QRadioButton");
     QPalette sliders = palette;
     sliders.setColor(QPalette::Button, QColor(0x82, 0x88, 0x94));
     QApplication::setPalette(sliders, "QSlider");
