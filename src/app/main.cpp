@@ -2,6 +2,7 @@
 #include "app/application.h"
 #include "app/heartbeat.h"
 #include "app/outside.h"
+#include "app/pictures.h"
 #include "app/quitsignal.h"
 #include "platform/host.h"
 #include "ui/MDIHaupt.h"
@@ -73,6 +74,7 @@ int main(int argc, char** argv) {
     // Not before: what has not been read yet must not be written.
     const QuitSignal quitSignal([&window] { window.CloseFromOutside(); });
     QTimer::singleShot(0, &window, [&outside] {
+        PlacePictures(Host.ProgramFolder);
         for (const std::string& message : outside.Messages()) ShowMessage(message);
     });
     return QApplication::exec();

@@ -53,12 +53,20 @@ void Outside::FillPorts(const OutputSettings& settings) {
     simulatedCard =
         ParseSimulatedCard(settings.SimulatedCard + ' ' + Hexadecimal(settings.SimulatedCardBase));
     if (simulatedCard) {
+        Host.PortDriver.From = DriverOrigin::BuiltIn;
+        Host.PortDriver.Name = "simulierte Karte " + settings.SimulatedCard + " an Adresse " +
+                               Hexadecimal(settings.SimulatedCardBase) + "h";
         Host.DlPortReadPortUchar = [this](std::uint32_t port) { return simulatedCard->ReadPort(port); };
         Host.DlPortWritePortUchar = [this](std::uint32_t port, std::uint8_t value) {
             simulatedCard->WritePort(port, value);
         };
     } else {
-        Host.DlPortReadPortUchar = [this](std::uint32_t port) { return ports.Read(port); };
+        Host.PortDriver.From = DriverOrigin::System;
+        Host.DlPortReadPortUchar = [this](std::uint32_t port) {
+            const std::uint8_t value = ports.Read(port);
+            if (ports.Refused()) Host.PortDriver.From = DriverOrigin::Nobody;
+            return value;
+        };
         Host.DlPortWritePortUchar = [this](std::uint32_t port, std::uint8_t value) {
             ports.Write(port, value);
         };
@@ -66,6 +74,8 @@ void Outside::FillPorts(const OutputSettings& settings) {
 }
 
 void Outside::FillUsb(const OutputSettings& settings) {
+    Host.UsbDriver.From = DriverOrigin::BuiltIn;
+    Host.UsbDriver.Name = OutputDestination(settings);
     const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const auto say = [](std::string_view text) { Screen.WallStatus(text); };
     network = std::make_unique<NetworkOutput>(settings, StableCid(own + "/Quorvane/Absender.id"),

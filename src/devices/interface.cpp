@@ -116,10 +116,21 @@ void OpenUsb() {
 
 std::int16_t LastTypeTried() { return Show.NtFamily ? UsbInterface : PciCard; }
 
-// DMX Start and DMX Stop are for ISA cards, also when one is found while another interface drives.
-bool CardIsDriven() {
-    return CardIsOpen() && (Show.InterfaceType == IsaCardB || Show.InterfaceType == IsaCardC);
+bool IsIsaCard(std::int16_t type) { return type == IsaCardB || type == IsaCardC; }
+
+// The search may have tried the other card type on the same card since this one was found. True when the
+// card was opened again, or that was tried.
+bool ReopenAfterSearch(std::int16_t type) {
+    Show.InterfaceName = InterfaceReady(type) ? ModelName(type) : "";
+    if (!IsIsaCard(type)) return false;
+    if (!InterfaceReady(type)) Show.CardBase = 0; // a card of the other type is not driven as one of this
+    const bool reopen = InterfaceReady(type) && !CardRuns(type);
+    if (reopen) OpenPort(type);
+    return reopen;
 }
+
+// DMX Start and DMX Stop are for ISA cards, also when one is found while another interface drives.
+bool CardIsDriven() { return CardIsOpen() && IsIsaCard(Show.InterfaceType); }
 
 } // namespace
 
@@ -145,7 +156,7 @@ void ClosePort(std::int16_t type) {
 void ReportFailure(std::int16_t type) {
     Show.AutoXmit.Enabled = false;
     ClosePort(type);
-    if (type == IsaCardB || type == IsaCardC) Show.CardBase = 0;
+    if (IsIsaCard(type)) Show.CardBase = 0;
     if (type == PcmciaCard || type == PciCard) Show.DriverHandle = 0;
     Show.InterfaceName.clear();
     ShowStatus(": KMO DMX QUORVANE:  Interface Initialization failed");
@@ -177,13 +188,15 @@ std::int16_t StoredInterfaceType() {
     return number && type >= NoInterface && type <= PciCard ? type : NoInterface;
 }
 
+void KeepInterface(bool clockWasOn) {
+    ReopenAfterSearch(Show.InterfaceType);
+    if (clockWasOn) EnableOutputClock();
+}
+
 void ChooseInterface(std::int16_t type) {
     Show.InterfaceType = type;
-    Show.InterfaceName = InterfaceReady(type) ? ModelName(type) : "";
-    // The search may have tried the other card type on the same card since this one was found.
-    const bool isa = type == IsaCardB || type == IsaCardC;
-    const bool reopen = isa && InterfaceReady(type) && !CardRuns(type);
-    if (reopen) OpenPort(type);
+    const bool isa = IsIsaCard(type);
+    const bool reopen = ReopenAfterSearch(type);
     Show.ActiveInterface = Show.InterfaceOpen[type] == 1 ? type : NoInterface;
     Host.WriteSetting("Interface", "Type", Decimal(type));
     if (type != NoInterface) Screen.ShowDmxEntries(isa);

@@ -30,6 +30,10 @@ std::int16_t StoredInterfaceType();
 // begins here, that of ISA cards with DMX Start.
 void ChooseInterface(std::int16_t type);
 
+// The select dialog left without OK: the chosen type goes on as before the search, which has stopped the
+// clock and may have tried the other type on an ISA card.
+void KeepInterface(bool clockWasOn);
+
 // Tries every interface in turn; true when the select dialog is to be shown then, false when the program
 // was closed meanwhile. In a second instance it tells the user, closes everything and gives false.
 bool InitialiseInterfaces();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 
 namespace quorvane {
@@ -186,6 +187,8 @@ void BerechneSendelänge(const OutputOptions& options) {
     Show.SendLengthFives = Word(static_cast<std::int64_t>(Show.SendLength / 3600 + 2) * 5);
 }
 
-std::int64_t SendLengthTenths() { return static_cast<std::int64_t>(Show.SendLength / 100 + 0.5F); }
+std::int64_t SendLengthTenths() {
+    return static_cast<std::int64_t>(std::floor(Show.SendLength / 100 + 0.5F));
+}
 
 } // namespace quorvane

@@ -307,6 +307,19 @@ OutputSettingsReading MakeDefaultFile(const std::filesystem::path& path) {
 
 } // namespace
 
+std::string OutputDestination(const OutputSettings& settings) {
+    if (settings.Protocol == OutputProtocol::None) return "";
+    std::string text = settings.Protocol == OutputProtocol::Sacn ? "sACN" : "Art-Net";
+    text += ", Universum " + std::to_string(settings.Universe);
+    switch (settings.Delivery) {
+    case OutputDelivery::Unicast: text += ", an " + settings.Address; break;
+    case OutputDelivery::Multicast: text += ", Multicast"; break;
+    case OutputDelivery::Broadcast: text += ", Broadcast"; break;
+    }
+    if (!settings.NetworkCard.empty()) text += ", durch " + settings.NetworkCard;
+    return text;
+}
+
 OutputSettingsReading ParseOutputSettings(std::string_view text) { return Reader(text).Read(); }
 
 OutputSettingsReading LoadOutputSettings(const std::filesystem::path& programFolder) {

@@ -32,6 +32,10 @@ struct OutputSettings {
     bool operator==(const OutputSettings&) const = default;
 };
 
+// Where the output goes, as a phrase for the user: "sACN, Universum 1, an 127.0.0.1". Empty when there is
+// none.
+std::string OutputDestination(const OutputSettings& settings);
+
 struct OutputSettingsReading {
     OutputSettings Settings;
     std::vector<std::string> Messages; // for the user, in the order of the settings

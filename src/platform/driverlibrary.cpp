@@ -32,15 +32,16 @@ std::function<Result(Arguments...)> EntryOf(const std::shared_ptr<SharedLibrary>
 // Looks one library up and puts its entries into their slots, all or none.
 class Loader {
 public:
-    Loader(const fs::path& folder, std::string_view name, std::vector<std::string>& said)
-        : path(FindInFolder(folder, std::string(name) + SharedLibrary::Ending)), messages(said) {
+    Loader(const fs::path& folder, std::string_view name, std::vector<std::string>& said,
+           DriverOrigin& driver)
+        : path(FindInFolder(folder, std::string(name) + SharedLibrary::Ending)), messages(said),
+          origin(driver) {
         std::error_code failed;
         if (!fs::exists(path, failed)) return;
         library = std::make_shared<SharedLibrary>(path);
-        if (library->IsLoaded()) return;
-        library.reset();
-        messages.push_back("Die Treiberbibliothek \"" + FileName() +
-                           "\" konnte nicht geladen werden und wird nicht benutzt.");
+        if (!library->IsLoaded())
+            GiveUp("Die Treiberbibliothek \"" + FileName() +
+                   "\" konnte nicht geladen werden und wird nicht benutzt.");
     }
 
     template<class Result, class... Arguments>
@@ -48,9 +49,8 @@ public:
         if (!library) return *this;
         auto function = EntryOf<Result, Arguments...>(library, entry);
         if (!function) {
-            messages.push_back("Der Treiberbibliothek \"" + FileName() + "\" fehlt der Eintrag \"" + entry +
-                               "\". Sie wird nicht benutzt.");
-            library.reset();
+            GiveUp("Der Treiberbibliothek \"" + FileName() + "\" fehlt der Eintrag \"" + entry +
+                   "\". Sie wird nicht benutzt.");
             return *this;
         }
         fillings.push_back([&slot, function = std::move(function)] { slot = function; });
@@ -61,14 +61,22 @@ public:
     bool Fill() {
         if (!library) return false;
         for (const auto& fill : fillings) fill();
+        origin = {DriverOrigin::Library, FileName(), ""};
         return true;
     }
 
 private:
     std::string FileName() const { return TextOf(path.filename()); }
 
+    void GiveUp(const std::string& message) {
+        library.reset();
+        messages.push_back(message);
+        origin.Unusable = FileName();
+    }
+
     fs::path path;
     std::vector<std::string>& messages;
+    DriverOrigin& origin;
     std::shared_ptr<SharedLibrary> library;
     std::vector<std::function<void()>> fillings;
 };
@@ -78,17 +86,19 @@ private:
 DriverLibraries LoadDriverLibraries(std::string_view programFolder) {
     const fs::path folder = PathOf(programFolder);
     DriverLibraries found;
-    found.Ports = Loader(folder, "dlportio", found.Messages)
+    DriverOrigin memoryCard; // its window says nothing of it
+    found.Ports = Loader(folder, "dlportio", found.Messages, Host.PortDriver)
                       .Take("DlPortReadPortUchar", Host.DlPortReadPortUchar)
                       .Take("DlPortWritePortUchar", Host.DlPortWritePortUchar)
                       .Fill();
-    found.Usb =
-        Loader(folder, "USBDMXVB", found.Messages).Take("_DasHardCommand", Host.DasHardCommand).Fill();
-    found.Card = Loader(folder, "dmxcrd32", found.Messages)
+    found.Usb = Loader(folder, "USBDMXVB", found.Messages, Host.UsbDriver)
+                    .Take("_DasHardCommand", Host.DasHardCommand)
+                    .Fill();
+    found.Card = Loader(folder, "dmxcrd32", found.Messages, Host.CardDriver)
                      .Take("DMXSEND", Host.DMXSEND)
                      .Take("DMXSEND2", Host.DMXSEND2)
                      .Fill();
-    found.MemoryCard = Loader(folder, "MemoCard", found.Messages)
+    found.MemoryCard = Loader(folder, "MemoCard", found.Messages, memoryCard)
                            .Take("vbWRAMC", Host.vbWRAMC)
                            .Take("vbRRAMC", Host.vbRRAMC)
                            .Take("vbWDRAMC", Host.vbWDRAMC)

@@ -26,6 +26,15 @@ struct FileQuestion {
     std::string Name;      // proposed
 };
 
+// Who answers the calls of a driver on this machine, for telling the user.
+struct DriverOrigin {
+    enum Kind { Nobody, System, BuiltIn, Library };
+
+    Kind From = Nobody;
+    std::string Name; // of a library its file; of what is built in a phrase, empty when it is switched off
+    std::string Unusable; // file of a library that is there and cannot be used
+};
+
 struct HostCalls {
     // Byte-wide I/O ports.
     std::function<std::uint8_t(std::uint32_t port)> DlPortReadPortUchar = [](std::uint32_t) {
@@ -66,6 +75,10 @@ struct HostCalls {
     std::function<bool(std::string_view path)> StartEditor = [](std::string_view) { return false; };
     // Where settings, firmware, pictures, help, driver libraries and the folders of show files stand.
     std::string ProgramFolder;
+
+    DriverOrigin PortDriver; // of the byte-wide ports
+    DriverOrigin UsbDriver;
+    DriverOrigin CardDriver; // of the PCMCIA and PCI cards
 
     // Monotonic time in seconds, from any start.
     std::function<double()> Seconds = [] { return 0.0; };

@@ -24,6 +24,8 @@ class PortAccess {
 public:
     std::uint8_t Read(std::uint32_t port);
     void Write(std::uint32_t port, std::uint8_t value);
+    // True once the system was asked and gave no access.
+    bool Refused() const { return rights == Rights::Refused; }
 
 private:
     enum class Rights { NotAsked, Granted, Refused };

@@ -146,15 +146,18 @@ void MDIHaupt::mnuKillWand_Click() {
 }
 
 void MDIHaupt::mnuDMXInit_Click() {
+    const bool clockWasOn = Show.AutoXmit.Enabled;
     menuWidget()->setEnabled(false); // the search for interfaces waits and lets events run
     waiting = true;
     const bool choose = InitialiseInterfaces();
     waiting = false;
+    if (choose && !closePending && frmIFS(this).exec() != QDialog::Accepted) {
+        waiting = true;
+        KeepInterface(clockWasOn);
+        waiting = false;
+    }
     menuWidget()->setEnabled(true);
-    if (closePending)
-        close();
-    else if (choose)
-        frmIFS(this).exec();
+    if (closePending) close();
 }
 
 // Closing the program ends the work on the card first, and then goes on as usual.

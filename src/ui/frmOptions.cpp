@@ -79,7 +79,7 @@ void frmOptions::FillFields() {
         const std::string_view fixed = FixedOption(Show.InterfaceType, index);
         if (!fixed.empty())
             field->Put(Shown(fixed));
-        else if (!field->isEnabled() || !field->Edited())
+        else if (!field->isEnabledTo(this) || !field->Edited())
             field->Put(QString::number(StoredOption(index, cckAutoDMXmax->isChecked())));
     }
     ShowWarnings();
@@ -116,7 +116,8 @@ OutputOptions frmOptions::Options() const {
 
 void frmOptions::txtDMX_LostFocus(int index) {
     Field* field = txtDMX.at(At(index));
-    if (!field->isEnabled()) return;
+    const bool closing = !Show.StatusFlags.Has(Status::OptionsWindowOpen);
+    if (closing || !field->isEnabledTo(this)) return; // the window itself may be off during a transfer
     const std::int32_t typed = NumberIn(field);
     const OptionCheck check = CheckOption(index, typed);
     field->setText(QString::number(check.Value));
@@ -149,7 +150,7 @@ void frmOptions::cckAutoDMXmax_Click() {
 void frmOptions::cmdDefaultDMX_Click() {
     messages.clear(); // of values that are gone now
     for (int index = StartSync; index <= SendRepeat; ++index)
-        if (Field* field = txtDMX.at(At(index)); field->isEnabled())
+        if (Field* field = txtDMX.at(At(index)); field->isEnabledTo(this))
             field->setText(QString::number(DefaultOption(index, cckAutoDMXmax->isChecked())));
     OptDMXSend[0]->setChecked(true);
     ShowWarnings();

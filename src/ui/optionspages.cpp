@@ -57,6 +57,7 @@ template<class Button> Button* NamedButton(const QString& name, const char* capt
 QPushButton* PushButton(const char* name, const char* caption) {
     auto* button = NamedButton<QPushButton>(name, caption);
     button->setAutoDefault(true); // Enter presses the button that has the focus
+    button->setMinimumWidth(button->sizeHint().width() + 2 * Spacing);
     return button;
 }
 
@@ -140,7 +141,7 @@ QLayout* frmOptions::DmxGrid() {
     }
     grid->addWidget(lblUSITT, StartSync, 2);
     grid->addWidget(lblLeerlaufzeit, IdleTime, 2);
-    grid->addWidget(cckAutoDMXmax, SendChannels, 2);
+    grid->addWidget(cckAutoDMXmax, SendChannels, 2, Qt::AlignLeft);
     grid->setColumnStretch(2, 1);
     return grid;
 }
@@ -181,7 +182,7 @@ QWidget* frmOptions::FilesPage() {
     auto* layout = new QVBoxLayout(frame);
     layout->setContentsMargins(Margin, Margin, Margin, Margin);
     layout->setSpacing(Spacing);
-    layout->addWidget(chkAutoStart);
+    layout->addWidget(chkAutoStart, 0, Qt::AlignLeft);
     layout->addSpacing(Spacing);
     layout->addWidget(lblAutoStart);
     layout->addLayout(grid);

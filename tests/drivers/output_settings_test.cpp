@@ -213,5 +213,20 @@ TEST_F(OutputSettingsFile, BinaryFileGivesAFewMessagesAndNoHarm) {
     EXPECT_THAT(reading.Messages, testing::SizeIs(5));
 }
 
+TEST(OutputSettingsText, DestinationIsTheUsersPhrase) {
+    OutputSettings settings;
+    EXPECT_EQ(OutputDestination(settings), "sACN, Universum 1, an 127.0.0.1");
+    settings.Delivery = OutputDelivery::Multicast;
+    settings.NetworkCard = "eth1";
+    EXPECT_EQ(OutputDestination(settings), "sACN, Universum 1, Multicast, durch eth1");
+    settings = {};
+    settings.Protocol = OutputProtocol::ArtNet;
+    settings.Universe = 18;
+    settings.Delivery = OutputDelivery::Broadcast;
+    EXPECT_EQ(OutputDestination(settings), "Art-Net, Universum 18, Broadcast");
+    settings.Protocol = OutputProtocol::None;
+    EXPECT_EQ(OutputDestination(settings), "");
+}
+
 } // namespace
 } // namespace quorvane

@@ -45,6 +45,18 @@ TEST_F(DriverLibrary, DlportioCarriesThePorts) {
     EXPECT_EQ(Host.DlPortReadPortUchar(0x124), 0);
 }
 
+TEST_F(DriverLibrary, HostTellsWhoAnswers) {
+    Install("whole", "USBDMXVB", FileOf("usbdmxvb"));
+    Install("lacking", "dmxcrd32", FileOf("dmxcrd32"));
+    Load();
+    EXPECT_EQ(Host.PortDriver.From, DriverOrigin::Nobody);
+    EXPECT_EQ(Host.PortDriver.Unusable, "");
+    EXPECT_EQ(Host.UsbDriver.From, DriverOrigin::Library);
+    EXPECT_EQ(Host.UsbDriver.Name, FileOf("usbdmxvb"));
+    EXPECT_EQ(Host.CardDriver.From, DriverOrigin::Nobody);
+    EXPECT_EQ(Host.CardDriver.Unusable, FileOf("dmxcrd32"));
+}
+
 TEST_F(DriverLibrary, UsbdmxvbIsCalledThroughItsEntryWithTheUnderscore) {
     Install("USBDMXVB");
     EXPECT_TRUE(Load().Usb);

@@ -501,6 +501,17 @@ TEST_F(OptionsWindowTest, TransferToThePlayUnitRefusesOkAndLeavesTheWindowOpen) 
     EXPECT_EQ(Show.DmxIni[0], 50);
 }
 
+TEST_F(OptionsWindowTest, ValueThatATransferInterruptedIsCheckedAndKept) {
+    OpenOptions(1);
+    Type(Text(0), "300");
+    options->setEnabled(false);
+    Return();
+    options->setEnabled(true);
+    EXPECT_EQ(Shown(Text(0)), "180");
+    Click(options->cmdOK);
+    EXPECT_EQ(Show.DmxIni[0], 90);
+}
+
 TEST_F(OptionsWindowTest, KeepsItsPlaceAndComesBackWithTheProgram) {
     OpenOptions(1);
     auto* frame = qobject_cast<QMdiSubWindow*>(options->parentWidget());
