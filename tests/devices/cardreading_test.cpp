@@ -51,8 +51,9 @@ TEST_F(CardReading, ComparisonCanBeGivenUp) {
         return true;
     };
     EXPECT_EQ(CompareMemCard(), std::nullopt);
-    EXPECT_THAT(Status(),
-                testing::MatchesRegex("Vergleich abgebrochen. Bis Adresse [0-9]+ kein Unterschied."));
+    // Pieces, not one regular expression: not every GoogleTest has character classes.
+    EXPECT_THAT(Status(), testing::StartsWith("Vergleich abgebrochen. Bis Adresse "));
+    EXPECT_THAT(Status(), testing::EndsWith(" kein Unterschied."));
 }
 
 TEST_F(CardReading, RowsOfTheViewShowTenBytesEach) {
