@@ -60,7 +60,8 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(ProgramIcon());
 
     Outside outside(programFolder);
-    AskByDialogs([&heartbeat] { heartbeat.WaitForBeat(); });
+    const auto afterTick = [&heartbeat] { heartbeat.WaitForBeat(); };
+    AskByDialogs(afterTick);
     MDIHaupt window;
     Host.DoEvents = [&window] {
         RunEvents();
@@ -77,5 +78,7 @@ int main(int argc, char** argv) {
         PlacePictures(Host.ProgramFolder);
         for (const std::string& message : outside.Messages()) ShowMessage(message);
     });
+    // When the start has calmed down, and before anybody can have asked for one.
+    QTimer::singleShot(1000, &window, [afterTick] { MakeDialogs(afterTick); });
     return QApplication::exec();
 }

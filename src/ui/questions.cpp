@@ -8,11 +8,9 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
-
-#include <memory>
-#include <utility>
 
 namespace quorvane {
 
@@ -63,12 +61,17 @@ Answer AnswerOf(int button) {
     }
 }
 
-// The window that a question stands before: the active one, or the main window when none is active yet.
+QMainWindow* MainWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* main = qobject_cast<QMainWindow*>(window)) return main;
+    return nullptr;
+}
+
+// The window that a message stands before: the active one, or the main window when none is active yet.
 QWidget* Questioned() {
     if (QWidget* active = QApplication::activeWindow()) return active;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && qobject_cast<QMainWindow*>(window)) return window;
-    return nullptr;
+    QWidget* main = MainWindow();
+    return main && main->isVisible() ? main : nullptr;
 }
 
 Answer AskByBox(std::string_view text, Buttons buttons, std::string_view title, Icon icon) {
@@ -94,32 +97,57 @@ protected:
     }
 };
 
+// The program's own dialogs and not the desktop's, which may be of another look and language.
+QFileDialog* MakeFileDialog(QWidget* window) {
+    auto* dialog = new FileDialog(window);
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    dialog->resize(760, 480); // wide enough for sizes and dates to stand in full
+    return dialog;
+}
+
+QColorDialog* MakeColourDialog(QWidget* window) {
+    auto* dialog = new QColorDialog(window);
+    dialog->setOption(QColorDialog::DontUseNativeDialog);
+    dialog->setWindowTitle("Farbe wählen");
+    return dialog;
+}
+
+// The one of its kind that is kept below the main window.
+template<class Dialog> Dialog& Kept(Dialog* (*make)(QWidget*), const std::function<void()>& afterTick) {
+    QMainWindow* window = MainWindow();
+    if (auto* made = window ? window->findChild<Dialog*>({}, Qt::FindDirectChildrenOnly) : nullptr)
+        return *made;
+    afterTick();
+    return *make(window);
+}
+
+void Propose(QFileDialog& dialog, const QString& name) {
+    dialog.findChild<QLineEdit*>("fileNameEdit")->clear(); // an empty name would leave the one before
+    dialog.selectFile(name);
+}
+
 std::optional<std::string> AskFile(const FileQuestion& question, QFileDialog::AcceptMode mode,
                                    const std::function<void()>& afterTick) {
+    QFileDialog& dialog = Kept(MakeFileDialog, afterTick);
     const QString filter = Shown(question.Filter);
-    afterTick();
-    const auto made =
-        std::make_unique<FileDialog>(Questioned(), Shown(question.Title), Shown(question.Folder));
-    FileDialog& dialog = *made;
+    dialog.setWindowTitle(Shown(question.Title));
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilter(filter + ' ' + filter.toLower()); // files from elsewhere come in either case
     dialog.setDefaultSuffix(Shown(question.Extension));
-    dialog.resize(760, 480); // wide enough for sizes and dates to stand in full
-    dialog.selectFile(Shown(question.Name));
+    dialog.setDirectory(Shown(question.Folder));
+    Propose(dialog, Shown(question.Name));
     afterTick();
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    afterTick(); // it is cleared away on returning
-    if (!accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
 }
 
-// The program's own dialog and not the desktop's, which may be of another look and language.
-std::optional<std::uint32_t> AskColourByDialog(std::uint32_t initial) {
+std::optional<std::uint32_t> AskColourByDialog(std::uint32_t initial,
+                                               const std::function<void()>& afterTick) {
+    QColorDialog& dialog = Kept(MakeColourDialog, afterTick);
     const ScreenColour start = SplitScreenColour(initial);
-    QColorDialog dialog(QColor(start.Red, start.Green, start.Blue), QApplication::activeWindow());
-    dialog.setWindowTitle("Farbe wählen");
-    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    dialog.setCurrentColor(QColor(start.Red, start.Green, start.Blue));
+    afterTick();
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     const QColor chosen = dialog.selectedColor();
     return ScreenColourNumber({static_cast<std::uint8_t>(chosen.red()),
@@ -134,11 +162,16 @@ void AskByDialogs(std::function<void()> afterTick) {
     Host.AskOpenFile = [afterTick](const FileQuestion& question) {
         return AskFile(question, QFileDialog::AcceptOpen, afterTick);
     };
-    Host.AskSaveFile = [wait = std::move(afterTick)](const FileQuestion& question) {
-        return AskFile(question, QFileDialog::AcceptSave, wait);
+    Host.AskSaveFile = [afterTick](const FileQuestion& question) {
+        return AskFile(question, QFileDialog::AcceptSave, afterTick);
     };
-    Host.AskColour = AskColourByDialog;
+    Host.AskColour = [afterTick](std::uint32_t initial) { return AskColourByDialog(initial, afterTick); };
     Host.Beep = [] { QApplication::beep(); };
+}
+
+void MakeDialogs(const std::function<void()>& afterTick) {
+    Kept(MakeFileDialog, afterTick);
+    Kept(MakeColourDialog, afterTick);
 }
 
 } // namespace quorvane

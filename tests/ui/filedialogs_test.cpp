@@ -80,19 +80,41 @@ TEST_F(FileDialogTest, EachKindOpensWithItsTitleFolderFilterExtensionAndName) {
     }
 }
 
-TEST_F(FileDialogTest, MakingShowingAndClearingAwayEachWaitForATickToPass) {
-    std::vector<bool> seen; // whether the dialog could be seen at each wait
-    AskByDialogs([&seen] {
+TEST_F(FileDialogTest, MakingAndShowingEachWaitForATickToPass) {
+    int waits = 0;
+    const auto afterTick = [&waits] {
         const auto windows = QApplication::topLevelWidgets();
-        seen.push_back(std::ranges::any_of(windows, [](const QWidget* window) {
+        EXPECT_FALSE(std::ranges::any_of(windows, [](const QWidget* window) {
             return window->inherits("QFileDialog") && window->isVisible();
         }));
-    });
+        ++waits;
+    };
+    AskByDialogs(afterTick);
     StartProgram();
-    ChooseFile("");
-    Answer(QMessageBox::Ok);
-    Choose("mnuFarbTblLaden");
-    EXPECT_EQ(seen, (std::vector<bool>{false, false, false}));
+    LookAt("mnuFarbTblLaden", true);
+    EXPECT_EQ(waits, 2);
+    LookAt("mnuFarbTblLaden", true);
+    EXPECT_EQ(waits, 3) << "the dialog was made once more";
+}
+
+TEST_F(FileDialogTest, DialogsMadeAheadAreOnlyShown) {
+    int waits = 0;
+    const auto afterTick = [&waits] { ++waits; };
+    AskByDialogs(afterTick);
+    StartProgram();
+    MakeDialogs(afterTick);
+    EXPECT_EQ(waits, 2) << "one for files, one for colours";
+    MakeDialogs(afterTick);
+    EXPECT_EQ(waits, 2);
+    LookAt("mnuFarbTblLaden", true);
+    EXPECT_EQ(waits, 3);
+}
+
+TEST_F(FileDialogTest, NameOfTheQuestionBeforeIsForgotten) {
+    StartWithWall();
+    ChooseFile("abend");
+    Choose("mnuConfigSpeichern");
+    EXPECT_EQ(LookAt("mnuFarbtblSpeichern", false).Name, "");
 }
 
 TEST_F(FileDialogTest, CancelledLoadSaysSoAndKeepsTheCurrentFile) {

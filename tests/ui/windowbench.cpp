@@ -159,6 +159,7 @@ void WindowBench::LookForDialog() {
         ADD_FAILURE() << "The dialog is still open: " << modal->windowTitle().toStdString();
         modal->reject();
     }
+    std::erase(dialogs, modal); // some dialogs are kept, and come again
 }
 
 void WindowBench::Ticks(int count) {
