@@ -86,17 +86,23 @@ class Usage:
                 used += int(file.read().split()[0])
         with open("/proc/stat") as file:
             ticks = [int(field) for field in file.readline().split()[1:9]]
-        machine = (sum(ticks) - ticks[3] - ticks[4] - ticks[7]) / os.sysconf("SC_CLK_TCK")
-        return time.monotonic(), used / 1e9, machine
+        stolen = ticks[7] / os.sysconf("SC_CLK_TCK")
+        machine = (sum(ticks) - ticks[3] - ticks[4]) / os.sysconf("SC_CLK_TCK") - stolen
+        return time.monotonic(), used / 1e9, machine, stolen
 
     def per_cent_of_a_core(self):
-        at, used, _ = self._now()
+        at, used, _, _ = self._now()
         return 100 * (used - self.start[1]) / (at - self.start[0])
 
     def other_cores(self):
         """How many cores the rest of the machine kept busy meanwhile."""
-        at, used, machine = self._now()
+        at, used, machine, _ = self._now()
         return max(0.0, machine - self.start[2] - (used - self.start[1])) / (at - self.start[0])
+
+    def taken_by_host(self):
+        """How many cores of a virtual machine its host gave to others meanwhile."""
+        at, _, _, stolen = self._now()
+        return (stolen - self.start[3]) / (at - self.start[0])
 
     def memory_mib(self):
         with open(f"/proc/{self.pid}/status") as file:
