@@ -65,7 +65,7 @@ private:
     void Arrange();
     void ConnectControls();
 
-    void Form_Activate();
+    void Form_Activate() override;
     void unlockDMX();
     void FillFields();
     void ShowWarnings();

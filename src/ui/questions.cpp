@@ -157,7 +157,7 @@ std::optional<std::uint32_t> AskColourByDialog(std::uint32_t initial,
 
 } // namespace
 
-void AskByDialogs(std::function<void()> afterTick) {
+void AskByDialogs(const std::function<void()>& afterTick) {
     Host.MsgBox = AskByBox;
     Host.AskOpenFile = [afterTick](const FileQuestion& question) {
         return AskFile(question, QFileDialog::AcceptOpen, afterTick);
