@@ -57,6 +57,14 @@ void StoreLevel(int element, int channel, std::uint8_t level) {
     }
 }
 
+// Before the first level of a blend tick moves: once the patch is mended, the fade goes on from where it
+// stood.
+void CheckPatch() {
+    if (Show.InterfaceType < UsbInterface) return;
+    for (int element = 1; element <= Show.ElementCount; ++element)
+        for (int channel = 1; channel <= 4; ++channel) FrameIndex(element, channel);
+}
+
 void BlendChannel(int element, int channel) {
     float& running = Show.BlendValue[element][channel];
     running += Show.BlendIncrement[element][channel];
@@ -92,6 +100,7 @@ void MitKarteHold() {
 void OhneKarteHold() {}
 
 void MitKarteBlend() {
+    CheckPatch();
     for (int element = 1; element <= Show.ElementCount; ++element) {
         for (int channel = 1; channel <= 4; ++channel) {
             BlendChannel(element, channel);

@@ -5,6 +5,7 @@
 #include "engine/outputclock.h"
 #include "model/changes.h"
 #include "model/screen.h"
+#include "model/selection.h"
 #include "model/sequence.h"
 #include "model/show.h"
 #include "model/text.h"
@@ -86,6 +87,7 @@ void SceneToSequence() {
     }
     Screen.SequencerStatus("Szene in die Sequenz aufgenommen.");
     AppendStep();
+    RepaintSelection();
 }
 
 void Play() {
@@ -103,6 +105,7 @@ void Play() {
     Screen.SequencerStatus("Sequenz wird abgespielt.");
     Screen.MainCaption(Show.CaptionPrefix +
                        ": KMO DMX QUORVANE  ....running.  Interfacetype= " + Decimal(Show.InterfaceType));
+    RepaintSelection();
     EnableOutputClock();
 }
 
@@ -111,6 +114,7 @@ void StopSequence() {
     Show.StatusFlags.Clear(Status::SequencePlaying);
     Screen.SequencerStatus("Sequenzer gestoppt.");
     Screen.MainCaption(Show.CaptionPrefix + ": KMO DMX QUORVANE  ....stopped");
+    RepaintSelection(); // a fade painted over it
 }
 
 // While playing, CurrentStep is ahead of the step shown already, so one step is passed over on purpose.
@@ -147,6 +151,7 @@ void EmptySequence() {
     ShowSequencerField(1, Decimal(BlendOf(1)));
     ShowSequencerField(2, Decimal(HoldOf(1)));
     Show.SequenceFile.clear();
+    RepaintSelection();
     Screen.SequencerCaption("SEQUENZER");
     Screen.SequencerStatus("Die Sequenz wurde gelöscht.");
 }

@@ -349,4 +349,25 @@ TEST_F(OutputClock, FailingTickLeavesTheErrorToTheCallerAndCountsNothing) {
     }
 }
 
+TEST_F(OutputClock, FadeGoesOnFromWhereItStoodOnceThePatchIsMended) {
+    for (const std::int16_t type : LibraryTypes) {
+        MakeWall(2, 1);
+        Use(type);
+        Show.ElementValue.Fill({});
+        Show.StepCount = 0;
+        AddStep(0, 1, 5);
+        AddStep(100, 1, 5);
+        StartPlaying();
+        Tick(4); // the start, one tick of hold, two of five
+        EXPECT_EQ(Level(), 40);
+        Show.Patch[2][4] = 0;
+        EXPECT_THROW(Tick(), std::out_of_range);
+        EXPECT_EQ(Level(), 40) << "elements before the fault would be ahead of the others";
+        Show.Patch[2][4] = 8;
+        Tick(3);
+        EXPECT_EQ(Level(), 100);
+        EXPECT_EQ(Show.ElementValue[2][4], 100);
+    }
+}
+
 } // namespace quorvane

@@ -33,6 +33,22 @@ TEST_F(Sequencer, SteppingNeedsASequence) {
     }
 }
 
+TEST_F(Sequencer, CommandsShowMarkedFieldsAsMarkedAgain) {
+    const std::vector<void (*)()> commands{PreviousScene, SceneToSequence, Play,         StopSequence,
+                                           NextScene,     BackToStart,     EmptySequence};
+    std::vector<int> marked;
+    Screen.PaintSelected = [&marked](int index) { marked.push_back(index); };
+    Show.ElementSelected[1] = 1;
+    for (const auto command : commands) {
+        Show.StepCount = 0;
+        MakeSequence(2, 2);
+        Show.StatusFlags.Clear(quorvane::Status::SequencePlaying);
+        marked.clear();
+        command();
+        EXPECT_EQ(marked, std::vector<int>{1});
+    }
+}
+
 // Recording
 
 TEST_F(Sequencer, FirstSceneMakesASequence) {
