@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace quorvane {
 
@@ -141,6 +142,8 @@ void LoadConfigurationFrom(const FoundFile& file) {
     const std::uint8_t columns = Show.WallColumns, rows = Show.WallRows;
     int elements = 0;
     Phase phase = Phase::Other;
+    // A message out of the new wall lets time pass while the patch is not read yet: nothing goes out by it.
+    const bool clockWasOn = std::exchange(Show.AutoXmit.Enabled, false);
     try {
         SectionedText text = ReadSectionedText(PathOf(file.Path));
         elements = ReadConfiguration(text, phase);
@@ -148,6 +151,7 @@ void LoadConfigurationFrom(const FoundFile& file) {
         ShowMessage(Failure(phase));
         Show.ConfigFile.clear();
     }
+    Show.AutoXmit.Enabled = clockWasOn;
     if (phase == Phase::Config) KeepWallShape(columns, rows);
     if (phase > Phase::Config) ShowNewWall();
     if (phase == Phase::Done) FinishLoading(file, elements);

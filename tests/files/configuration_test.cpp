@@ -206,6 +206,28 @@ TEST_F(Configuration, ReadBeforeTheFailureStays) {
     EXPECT_EQ(PatchShown, 1);
 }
 
+TEST_F(Configuration, NothingGoesOutBetweenTheNewWallAndItsPatch) {
+    Show.StatusFlags.Clear(Status::AutoChannelCount);
+    Show.ChannelCount = 1; // too few: the wall tells it with a box before its patch is read
+    bool running = true;
+    const auto show = Host.MsgBox;
+    Host.MsgBox = [&](std::string_view text, Buttons buttons, std::string_view title, Icon icon) {
+        running = Show.AutoXmit.Enabled;
+        return show(text, buttons, title, icon);
+    };
+    Show.AutoXmit.Enabled = true;
+    Load(Text());
+    EXPECT_EQ(Boxes().size(), 1u);
+    EXPECT_FALSE(running);
+    EXPECT_TRUE(Show.AutoXmit.Enabled);
+    EXPECT_GT(Show.ChannelCount, 1) << "the file's count is taken afterwards";
+    Load(With(Text(), "[Patching]", ""));
+    EXPECT_TRUE(Show.AutoXmit.Enabled) << "it was on before";
+    Show.AutoXmit.Enabled = false;
+    Load(Text());
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+}
+
 TEST_F(Configuration, FailingInItsSizesKeepsTheShapeOfTheWallThatIsThere) {
     MakeWall(4, 3);
     Load(With(Text(), " 1200", "hoch"));
@@ -226,6 +248,8 @@ class ElementCounts : public Configuration, public testing::WithParamInterface<C
 
 TEST_P(ElementCounts, AreComparedWithColumnsTimesRows) {
     Show.ConfigFile = "alt.CFG";
+    Show.ChangeFlags.Set(Change::ConfigNew);
+    Show.ChangeFlags.Set(Change::ConfigChanged);
     std::string text = "Header\r\n[NAME]\r\nx\r\n[CONFIG]\r\nElementeMax = " + GetParam().Elements +
                        "\r\nXmax = " + GetParam().Columns + "\r\nYmax = " + GetParam().Rows +
                        "\r\n1\r\n1\r\n80\r\n[DMXINI]\r\n0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n";
@@ -242,6 +266,8 @@ TEST_P(ElementCounts, AreComparedWithColumnsTimesRows) {
                   : TextList{"Fehler beim laden der Konfigurationsdatei ! Anzahl der berechneten Elemente "
                              "stimmt nicht überein mit den gespeicherten."});
     EXPECT_EQ(Show.ConfigFile, GetParam().Fits ? Path("wand.CFG") : "alt.CFG");
+    EXPECT_FALSE(Show.ChangeFlags.Has(Change::ConfigNew));
+    EXPECT_FALSE(Show.ChangeFlags.Has(Change::ConfigChanged));
     if (GetParam().Built > 0) {
         EXPECT_EQ(Show.Patch[GetParam().Built][4], 7);
     }
