@@ -13,11 +13,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The kind's own folder, made when it is missing.
-std::string OwnFolder(const FileKind& kind) {
-    const fs::path folder = FindInFolder(PathOf(Host.ProgramFolder), kind.Folder);
+fs::path MadeFolder(std::string_view name) {
+    fs::path folder = FindInFolder(PathOf(Host.ProgramFolder), name);
     std::error_code notWritable; // the dialog opens elsewhere then
     fs::create_directories(folder, notWritable);
+    return folder;
+}
+
+// The kind's own folder. It is made when it is missing, and so is the one where moved files are looked for.
+std::string OwnFolder(const FileKind& kind) {
+    const fs::path folder = MadeFolder(kind.Folder);
+    MadeFolder(kind.SearchFolder);
     return TextOf(folder);
 }
 

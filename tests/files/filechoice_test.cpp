@@ -11,7 +11,7 @@ struct DialogCase {
     const FileKind* Kind;
     void (*Load)();
     bool (*Save)();
-    std::string LoadTitle, SaveTitle, Filter, Extension, Folder, LoadName, SaveName;
+    std::string LoadTitle, SaveTitle, Filter, Extension, Folder, LoadName, SaveName, Missing;
 };
 
 class Dialogs : public FilesBench, public testing::WithParamInterface<DialogCase> {
@@ -72,6 +72,17 @@ TEST_P(Dialogs, AreSkippedWhileTheCurrentFileIsMeant) {
     EXPECT_FALSE(Show.StatusFlags.Has(Status::SaveToCurrentFile));
 }
 
+TEST_P(Dialogs, FolderInPlaceOfTheChosenFileCountsAsMissing) {
+    std::filesystem::create_directories(ProgramFolder / "ordner.X");
+    ChosenFiles = {Path("ordner.X")};
+    GetParam().Load();
+    ASSERT_EQ(Boxes().size(), 1u);
+    EXPECT_EQ(Boxes()[0], GetParam().Missing.empty()
+                              ? "Die Datei " + Path("ordner.X") + " konnte nicht gefunden werden."
+                              : GetParam().Missing);
+    EXPECT_EQ(WallStatus(), "");
+}
+
 TEST_P(Dialogs, NameWithAWildcardChoosesNothing) {
     ChosenFiles = {Path("*.abc"), Path("a?c")};
     EXPECT_FALSE(GetParam().Save());
@@ -83,14 +94,15 @@ INSTANTIATE_TEST_SUITE_P(
     Kinds, Dialogs,
     testing::Values(DialogCase{"Configuration", &ConfigurationKind, LoadConfiguration, SaveConfiguration,
                                "Configuration Laden", "Configuration Speichern", "*.CFG", "CFG", "config",
-                               "QUORVANE.CFG", "QUORVANE.CFG"},
+                               "QUORVANE.CFG", "QUORVANE.CFG", ""},
                     DialogCase{"ColourTable", &ColourTableKind, LoadColourTable, SaveColourTable,
                                "Farbtabelle Laden", "Farbtabelle Speichern", "*.QCT", "QCT", "Farbtbl",
-                               "*.QCT", ""},
+                               "*.QCT", "", "Konnte Farbtabelle nicht finden"},
                     DialogCase{"Scene", &SceneKind, LoadScene, SaveScene, "Scene Laden", "Scene Speichern",
-                               "*.QSC", "QSC", "scenen", "*.QSC", "*.qsc"},
+                               "*.QSC", "QSC", "scenen", "*.QSC", "*.qsc", "Konnte Scenendatei nicht finden"},
                     DialogCase{"Sequence", &SequenceKind, LoadSequence, SaveSequence, "Sequence Laden",
-                               "Sequence Speichern", "*.QSQ", "QSQ", "sequencen", "", ""}),
+                               "Sequence Speichern", "*.QSQ", "QSQ", "sequencen", "", "",
+                               "Konnte Sequenz-Datei nicht finden"}),
     [](const auto& parameter) { return parameter.param.Name; });
 
 class MovedFiles : public FilesBench {
@@ -102,6 +114,20 @@ protected:
         load();
     }
 };
+
+TEST_F(MovedFiles, FolderOfTheSearchIsMadeTogetherWithThatOfTheKind) {
+    ChosenFiles = {std::nullopt, std::nullopt};
+    LoadSequence();
+    EXPECT_TRUE(std::filesystem::is_directory(ProgramFolder / "sequencen"));
+    EXPECT_TRUE(std::filesystem::is_directory(ProgramFolder / "sequence"));
+    LoadColourTable();
+    EXPECT_TRUE(std::filesystem::is_directory(ProgramFolder / "Farbtbl"));
+    // One folder serves both where letters' case is all that tells them apart.
+    int folders = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(ProgramFolder))
+        folders += entry.is_directory() ? 1 : 0;
+    EXPECT_EQ(folders, 3);
+}
 
 TEST_F(MovedFiles, AreFoundInTheFolderOfTheirKindAndToldBeforeTheSuccess) {
     LoadMoved("config/small.CFG", "C:\\alt\\small.CFG", LoadConfiguration);
