@@ -170,32 +170,61 @@ TEST_F(OpenIsaCard, MissingFirmwareIsTouchedByNoStrobe) {
 }
 
 TEST_F(OpenIsaCard, UnreadableFirmwareDropsTheTypeForThisRunOnly) {
-    std::filesystem::remove(ProgramFolder / "QRADMX12.BIN");
-    std::filesystem::create_directory(ProgramFolder / "QRADMX12.BIN");
-    Settings["Interface/Type"] = "1";
-    PlugIn(CardModel::C7300A);
-    Open(IsaCardB);
-    ExpectFailure(IsaCardB);
-    EXPECT_EQ(Texts("box"), TextList{"Error while reading OS file QRADMX12.BIN"});
-    EXPECT_EQ(Show.InterfaceType, NoInterface);
-    EXPECT_EQ(Settings["Interface/Type"], "1");
-    EXPECT_EQ(Accesses('r', 0x143), 0);
+    struct Case {
+        std::int16_t type;
+        CardModel model;
+        const char* file;
+        int boots;
+    };
+    for (const Case& c : {Case{IsaCardB, CardModel::C7300A, "QRADMX12.BIN", 0},
+                          Case{IsaCardB, CardModel::C7300B, "QRTDMX16.BIN", 1},
+                          Case{IsaCardC, CardModel::C7300C, "QRTDMX17.BIN", 0}}) {
+        SCOPED_TRACE(c.file);
+        Bus.Cards.clear();
+        Log.clear();
+        Trace.clear();
+        WriteFirmware();
+        std::filesystem::remove(ProgramFolder / c.file);
+        std::filesystem::create_directory(ProgramFolder / c.file);
+        Settings["Interface/Type"] = std::to_string(c.type);
+        PlugIn(c.model);
+        Open(c.type);
+        ExpectFailure(c.type);
+        EXPECT_EQ(Texts("box"), TextList{std::string("Error while reading OS file ") + c.file});
+        EXPECT_EQ(Show.InterfaceType, NoInterface);
+        EXPECT_EQ(Settings["Interface/Type"], std::to_string(c.type));
+        EXPECT_EQ(Bus.Cards[0].Boots, c.boots);
+        std::filesystem::remove(ProgramFolder / c.file);
+    }
 }
 
 TEST_F(OpenIsaCard, StateCellDecidesAfterAnEmptyFirmware) {
-    for (const char* file : {"QRADMX12.BIN", "QRTDMX16.BIN", "QRTDMX17.BIN"}) Write(file, "");
-    PlugIn(CardModel::C7300A);
-    Open(IsaCardB);
-    EXPECT_EQ(Show.InterfaceOpen[IsaCardB], 1);
-    EXPECT_TRUE(Texts("box").empty());
-
-    Bus.Cards.clear();
-    Log.clear();
-    PlugIn(CardModel::C7300C);
-    Open(IsaCardC);
-    ExpectFailure(IsaCardC);
-    EXPECT_TRUE(Texts("box").empty());
-    EXPECT_EQ(Bus.Cards[0].WritesOfReset, 1);
+    struct Case {
+        std::int16_t type;
+        CardModel model;
+        const char* empty;
+        bool opens;
+    };
+    for (const Case& c :
+         {Case{IsaCardB, CardModel::C7300A, "QRADMX12.BIN", true},
+          Case{IsaCardB, CardModel::C7300BLC, "QRADMX12.BIN", true},
+          Case{IsaCardB, CardModel::C7300B, "QRADMX12.BIN", false},
+          Case{IsaCardB, CardModel::C7300B, "QRTDMX16.BIN", true}, // goes on with what the first file left
+          Case{IsaCardC, CardModel::C7300C, "QRTDMX17.BIN", false}}) {
+        SCOPED_TRACE(std::string(c.empty) + (c.opens ? " opens" : " fails"));
+        Bus.Cards.clear();
+        Log.clear();
+        WriteFirmware();
+        Write(c.empty, "");
+        PlugIn(c.model);
+        Open(c.type);
+        if (!c.opens) ExpectFailure(c.type);
+        EXPECT_EQ(Show.InterfaceOpen[c.type] == 1, c.opens);
+        EXPECT_TRUE(Texts("box").empty());
+        if (c.type == IsaCardC) {
+            EXPECT_EQ(Bus.Cards[0].WritesOfReset, 1);
+        }
+    }
 }
 
 TEST_F(OpenIsaCard, StandsTheClockStillWhileItBoots) {

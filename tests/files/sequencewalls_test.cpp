@@ -118,6 +118,17 @@ TEST_F(OldSelections, AreLeftWhenTheirFirstEntryIs0) {
     EXPECT_EQ(Flags(0), (std::vector<int>{0, 1, 1, 0}));
 }
 
+TEST_F(OldSelections, NumbersBeyondThePresentWallAreLeftOut) {
+    Answers = {Answer::No};
+    MakeWall(2, 1);
+    const std::string text = UpTo(TextOf(4, 1, 1), "[Selections]") + "[Selections]\r\n" +
+                             SelectionList({"4,2,0,0", "3,4,0,0"}) + "\r\n";
+    Load(With(text, "Sequence von QUORVANE 99", "Sequence von QUORVANE 98"));
+    EXPECT_EQ(Flags(0), (std::vector<int>{0, 1, 0, 0}));
+    EXPECT_EQ(Flags(1), (std::vector<int>{0, 0, 0, 0}));
+    EXPECT_EQ(WallStatus(), "Sequenz erfolgreich geladen!");
+}
+
 TEST_F(OldSelections, BelongToThatHeaderOnly) {
     LoadOld("Sequence von QUORVANE 97", SelectionList({"4,2,0,0"}));
     EXPECT_EQ(Flags(0), (std::vector<int>{4, 2, 0, 0}));

@@ -103,6 +103,9 @@ TEST_P(BrokenSettingsFile, TellsEverySectionItCannotReadAndReadsTheOthers) {
     LoadText(With(WithoutFiles(), GetParam().From, GetParam().To));
     EXPECT_EQ(Boxes(), GetParam().Messages);
     EXPECT_EQ(Opened, std::vector<int>{0});
+    const bool options = GetParam().Name.find("Options") == std::string::npos; // those of the file: none
+    EXPECT_EQ(Show.StatusFlags.Has(Status::AutoChannelCount), !options);
+    EXPECT_EQ(Show.StatusFlags.Has(Status::ReloadFiles), !options);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sections, BrokenSettingsFile,
