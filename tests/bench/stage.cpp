@@ -20,7 +20,7 @@ Stage::Stage() : Memory(65536), handedOver(512) {
                 EXPECT_TRUE(frame[i] >= 0 && frame[i] <= 255) << "entry " << i << " is " << frame[i];
                 handedOver[i] = static_cast<std::uint8_t>(frame[i]);
             }
-            return 0;
+            return -1; // nobody looks at it
         };
     };
     Host.DMXSEND = sender("send");

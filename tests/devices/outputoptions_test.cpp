@@ -246,6 +246,20 @@ TEST_F(OutputOptionsTest, NothingNewIsNotWritten) {
     EXPECT_EQ(StoredOption(SendRepeat, false), 70) << "kept until the program ends";
 }
 
+TEST_F(OutputOptionsTest, TakingTheAutomaticCountUntouchedMayChangeTheConfiguration) {
+    Show.StatusFlags.Set(Status::AutoChannelCount);
+    MakeWall(11, 11);
+    EXPECT_EQ(Show.DmxIni[3], 228);
+    EXPECT_EQ(Show.DmxIni[4], 2);
+    std::vector<int> untouched;
+    for (int field = StartSync; field <= SendRepeat; ++field) untouched.push_back(StoredOption(field, true));
+    Show.ChangeFlags = {};
+    EXPECT_TRUE(TakeOptions(Options(untouched)));
+    EXPECT_EQ(Show.DmxIni[3], 228);
+    EXPECT_EQ(Show.DmxIni[4], 1);
+    EXPECT_TRUE(Show.ChangeFlags.Has(Change::ConfigChanged));
+}
+
 TEST_F(OutputOptionsTest, FirstCardKindKeepsTheCountThatItRebuilt) {
     SaveConfig(Options({120, 0, 0, 0, 512, 50}));
     Show.InterfaceType = IsaCardB;

@@ -112,6 +112,11 @@ TEST_F(Configuration, WallNameIsComposedBeforeItIsCut) {
     EXPECT_EQ(Show.WallName, "zusammengesetzt und ");
 }
 
+TEST_F(Configuration, WallNamedLikeASectionIsTakenForOne) {
+    Load(With(Text(), "B\xFChne               ", "[CONFIG]            "));
+    EXPECT_EQ(Boxes(), TextList{"Fehler beim laden der Konfiguration im Abschnitt [Config]"});
+}
+
 TEST_F(Configuration, LongerNamesAreSavedAsTheirFirstTwentyCharacters) {
     MakeReferenceWall();
     Show.WallName = Padded20("1234567890123456789012345");

@@ -273,6 +273,24 @@ TEST_F(SequenceFile, MissingIsToldAndKeepsTheName) {
     ExpectOldSequence();
 }
 
+TEST_F(SequenceFile, StopsThePlayingSequenceAlthoughTheChosenFileIsMissing) {
+    HaveSequence();
+    Show.StatusFlags.Set(Status::SequencePlaying);
+    ChosenFiles.push_back(Path("fehlt.QSQ"));
+    LoadSequence();
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::SequencePlaying));
+    EXPECT_EQ(LastText("status", "frmControl"), "Sequenzer gestoppt.");
+    ExpectOldSequence();
+}
+
+TEST_F(SequenceFile, LoadAsksNothingAboutUnsavedWork) {
+    HaveSequence();
+    Show.ChangeFlags.bits = 0xFF;
+    Load(Text());
+    EXPECT_TRUE(Questions().empty());
+    EXPECT_EQ(Show.StepCount, 3);
+}
+
 TEST_F(SequenceFile, SectionsStandInAnyOrderAndCaseAndListsBreakIntoLines) {
     Load(Lines({"Sequence von QUORVANE 99",
                 "[SELECTIONS]",
@@ -326,6 +344,18 @@ TEST_F(SequenceFile, SaveThatIsCancelledOrFailsStaysUnsaved) {
         EXPECT_EQ(Show.SequenceFile, "alt.QSQ");
         Log.clear();
     }
+}
+
+TEST_F(SequenceFile, SaveLeavesOutWhatAStepHoldsBeyondTheWall) {
+    Load(Text());
+    Show.SequenceSteps[1][3].Fill(99); // recorded on a larger wall
+    ChosenFiles = {Path("neu.QSQ"), Path("neu.QSQ")};
+    EXPECT_TRUE(SaveSequence());
+    Show.SequenceSteps[1][3].Fill(55);
+    LoadSequence();
+    EXPECT_EQ(Boxes(), TextList{});
+    EXPECT_EQ(Show.SequenceSteps[1][2][4], 8);
+    EXPECT_EQ(Show.SequenceSteps[1][3][1], 0);
 }
 
 TEST_F(SequenceFile, LargestSequenceComesBackAsItWas) {
