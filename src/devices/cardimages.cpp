@@ -52,6 +52,7 @@ void ShowImage(int image) {
 template<class Take> std::int32_t EachByte(int images, void (*show)(int), Take take) {
     CardWork work(images * ImageBytes);
     for (int image = 1; image <= images; ++image) {
+        if (GivenUp()) return (image - 1) * ImageBytes;
         show(image);
         const SceneImage bytes = BuildSceneImage(image);
         for (int index = 0; index < ImageBytes; ++index) {

@@ -42,6 +42,7 @@ bool TryAgain(std::int32_t address, int attempt) {
 }
 
 // Doubles the size until writing behind the end of the card shows at its start. Address 0 holds OtherProbe.
+// Given up, the size that it has come to stays, on purpose.
 void FindSize(std::uint8_t first) {
     std::int32_t& size = Show.MemCardSize;
     for (size = SmallestMemCard; size <= LargestMemCard && !GivenUp(); size *= 2) {
@@ -81,7 +82,6 @@ void MeasureCard(std::uint8_t first) {
     }
     FindSize(first);
     TestAddressLines(first);
-    if (GivenUp()) Show.MemCardSize = NoMemCard; // how large it is was not found out
 }
 
 void ReadControlRegister() {
@@ -105,21 +105,6 @@ std::string UnknownSizeText() {
     Host.Beep();
     ShowMessage("Fehler beim erkennen der Memorykarte. Karte könnte defekt sein oder grösser als 1MB!");
     return "Keine bekannte Memorykarte gefunden!";
-}
-
-std::string ResultText() {
-    switch (Show.MemCardSize) {
-    case NoMemCard: return "Keine Memorykarte gefunden!";
-    case NoMemCardInterface: Host.Beep(); return "Es wurde noch keine Schittstellenkarte initialisiert!";
-    case MemCardFault: return FaultText();
-    case 32768: return " 32KB grosse Memorykarte gefunden.";
-    case 65536: return " 64KB grosse Memorykarte gefunden.";
-    case 131072: return " 128KB grosse Memorykarte gefunden.";
-    case 262144: return " 256KB grosse Memorykarte gefunden.";
-    case 524288: return " 512KB grosse Memorykarte gefunden.";
-    case 1048576: return " 1MB grosse Memorykarte gefunden.";
-    default: return UnknownSizeText();
-    }
 }
 
 std::string GivenUpText() {
@@ -155,12 +140,27 @@ bool WaitForMemCard(double seconds) {
     return !GivenUp();
 }
 
+std::string MemCardText() {
+    switch (Show.MemCardSize) {
+    case NoMemCard: return "Keine Memorykarte gefunden!";
+    case NoMemCardInterface: Host.Beep(); return "Es wurde noch keine Schittstellenkarte initialisiert!";
+    case MemCardFault: return FaultText();
+    case 32768: return " 32KB grosse Memorykarte gefunden.";
+    case 65536: return " 64KB grosse Memorykarte gefunden.";
+    case 131072: return " 128KB grosse Memorykarte gefunden.";
+    case 262144: return " 256KB grosse Memorykarte gefunden.";
+    case 524288: return " 512KB grosse Memorykarte gefunden.";
+    case 1048576: return " 1MB grosse Memorykarte gefunden.";
+    default: return UnknownSizeText();
+    }
+}
+
 std::string DetectMemCard() {
     Show.MemCardSize = NoMemCard;
     if (Show.MemCardBase == 0) {
         Show.MemCardSize = NoMemCardInterface;
         MemWrite(0, 0);
-        return ResultText();
+        return MemCardText();
     }
     const std::uint8_t first = MemRead(0);
     MemWrite(0, Probe);
@@ -170,7 +170,7 @@ std::string DetectMemCard() {
     }
     MeasureCard(first);
     ReadControlRegister();
-    return ResultText();
+    return MemCardText();
 }
 
 bool SearchMemCard() {

@@ -20,6 +20,10 @@ std::uint8_t MemRead(std::int32_t address);
 // made and nothing waited for or asked: what was borrowed can still be put back.
 void MemWrite(std::int32_t address, std::uint8_t value);
 
+// What is told of the size or code in MemCardSize; a fault, or a size that nobody knows, also by beep and
+// box.
+std::string MemCardText();
+
 // Finds the size of the card at MemCardBase and tests its address lines; every byte it uses is put back.
 // MemCardSize has the result, and what is returned tells it. A card that is larger than the largest known
 // one has twice its size.

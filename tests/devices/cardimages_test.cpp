@@ -52,6 +52,63 @@ TEST_F(CardImages, SequenceOfAsManyStepsAsFitLosesItsLastSceneImage) {
     for (std::size_t image = 0; image < 60; ++image) EXPECT_EQ(Card.Memory[512 * image + 511], 128) << image;
 }
 
+TEST_F(CardImages, SequenceOfOneStepLessEndsWithItsLastSceneImage) {
+    PlugIn(32768);
+    TakeSteps(59);
+    SetHold(60, 3 * 256 + 4);
+    SetBlend(60, 5 * 256 + 6);
+    WriteMemCard();
+    EXPECT_TRUE(Texts("question").empty());
+    EXPECT_EQ(Texts("progress").back(), "Schreibe letzte Szene (Lichtbild) 59");
+    EXPECT_EQ(Card.Memory[58 * 512 + 511], 128);
+    const auto last = Card.Memory.begin() + std::ptrdiff_t{59} * 512;
+    EXPECT_THAT(std::vector<int>(last, last + 13),
+                ElementsAre(62, 63, 64, 65, 122, 123, 124, 125, 182, 183, 184, 185, 0))
+        << "step 1";
+    EXPECT_THAT(std::vector<int>(last + 506, last + 512), ElementsAre(5, 6, 3, 4, 0, 0));
+}
+
+TEST_F(CardImages, WaitsAndTheLabelComeBeforeTheQuestion) {
+    PlugIn(32768);
+    TakeSteps(61);
+    std::vector<std::pair<std::string, int>> told; // with tenths of a second
+    const double start = Now;
+    const auto tell = [&](std::string_view text) {
+        told.emplace_back(text, static_cast<int>((Now - start) * 10 + 0.05));
+    };
+    Screen.MemCardStatus = tell;
+    Host.MsgBox = [&](std::string_view, Buttons, std::string_view title, Icon) {
+        tell(title);
+        return Answer::No;
+    };
+    WriteMemCard();
+    EXPECT_THAT(told,
+                ElementsAre(std::pair("Die Memorykarte wird gesucht ...", 0),
+                            std::pair(" 32KB grosse Memorykarte gefunden.", 0),
+                            std::pair("Schreibe Daten in Memory Karte", 5), std::pair("SAVE OPTIONS", 6),
+                            std::pair("Schreiben wurde abgebrochen!", 6)));
+}
+
+TEST_F(CardImages, AbortDuringTheWaitsBeforeItEndsTheWritingAtAddressZeroWithoutAQuestion) {
+    PlugIn(32768);
+    TakeSteps(61);
+    const auto before = Card.Memory;
+    for (const double moment : {0.2, 0.55}) {
+        Log.clear();
+        Host.DoEvents = [this, giveUpAt = Now + moment] {
+            Now += 0.01;
+            if (Now >= giveUpAt) Show.MemCardAbort = MemCardGivenUp;
+            return true;
+        };
+        const double start = Now;
+        WriteMemCard();
+        EXPECT_NEAR(Now - start, moment, 0.011);
+        EXPECT_EQ(Status(), "Abbruch beim Schreiben. Bis Adresse 0 geschrieben.");
+        EXPECT_TRUE(Texts("question").empty() && Texts("box").empty() && Texts("progress").empty());
+        EXPECT_EQ(Card.Memory, before);
+    }
+}
+
 TEST_F(CardImages, LongerSequenceIsWrittenInPartAfterAQuestion) {
     PlugIn(32768);
     TakeSteps(61);
@@ -135,6 +192,23 @@ TEST_F(CardImages, AbortInTheRetryBoxStopsWritingAtOnce) {
     WriteMemCard();
     EXPECT_EQ(Status(), "Abbruch beim Schreiben. Bis Adresse 700 geschrieben.");
     EXPECT_EQ(Card.Memory[701], static_cast<std::uint8_t>(701 * 7 + 701 / 256 + 3));
+}
+
+TEST_F(CardImages, AbortDuringTheSearchEndsTheWritingAtAddressZeroWithoutABox) {
+    for (const std::uint32_t cell : {65536u, 64u}) {
+        PlugIn(131072);
+        Card.RefusedWrites[cell] = 20;
+        const auto before = Card.Memory;
+        Log.clear();
+        Answers = {Answer::Abort};
+        WriteMemCard();
+        EXPECT_THAT(Texts("status"),
+                    ElementsAre("Die Memorykarte wird gesucht ...", " 128KB grosse Memorykarte gefunden.",
+                                "Schreibe Daten in Memory Karte",
+                                "Abbruch beim Schreiben. Bis Adresse 0 geschrieben."));
+        EXPECT_TRUE(Texts("box").empty()) << cell;
+        EXPECT_EQ(Card.Memory, before);
+    }
 }
 
 TEST_F(CardImages, IgnoredByteIsPassedOver) {

@@ -46,6 +46,18 @@ TEST_F(MemoryCard, WriteGoesThroughTheDataOperationAndIsReadBackWithoutAWait) {
     EXPECT_THAT(Waits, ElementsAre(0.0));
 }
 
+TEST_F(MemoryCard, EveryAttemptLatchesTheAddressAndWritesTheByteAnew) {
+    PlugIn(1048576);
+    Card.RefusedWrites[0x0ABCDE] = 1;
+    Tracing = true;
+    MemWrite(0x0ABCDE, 7);
+    const std::vector<CardAccess> attempt{
+        {'a', 0x201, 0xDE}, {'a', 0x202, 0xBC}, {'a', 0x203, 0x0A}, {'d', 0x200, 7}, {'r', 0x200, 0}};
+    std::vector<CardAccess> twice = attempt;
+    twice.insert(twice.end(), attempt.begin(), attempt.end());
+    EXPECT_EQ(Trace, twice);
+}
+
 TEST_F(MemoryCard, EachAttemptWaitsLongerThanTheLast) {
     PlugIn(32768);
     Card.RefusedWrites[5] = 4;
@@ -225,29 +237,57 @@ TEST_F(MemoryCard, ReadOnlyCardIsNone) {
     EXPECT_EQ(Detect(), "Keine Memorykarte gefunden!");
 }
 
-TEST_F(MemoryCard, AbortWhileTheSizeIsSoughtFindsNoCardAndPutsEveryByteBack) {
-    PlugIn(131072);
-    Card.RefusedWrites[65536] = 20;
+TEST_F(MemoryCard, AbortWhileTheSizeIsSoughtKeepsTwiceTheSizeTriedAndPutsEveryByteBack) {
+    PlugIn(524288);
+    Card.RefusedWrites = {{32768, 20}, {65536, 20}};
     Answers = {Answer::Abort};
-    EXPECT_EQ(Detect(), "Keine Memorykarte gefunden!");
-    EXPECT_EQ(Show.MemCardSize, NoMemCard);
+    EXPECT_EQ(Detect(), " 64KB grosse Memorykarte gefunden.");
+    EXPECT_EQ(Show.MemCardSize, 65536);
+    Show.MemCardAbort = 0;
+    Answers = {Answer::Abort};
+    EXPECT_EQ(Detect(), " 128KB grosse Memorykarte gefunden.");
+    EXPECT_EQ(Show.MemCardSize, 131072);
 }
 
-TEST_F(MemoryCard, AbortWhileTheLinesAreTestedFindsNoCardAndPutsEveryByteBack) {
+TEST_F(MemoryCard, AbortWhileTheLinesAreTestedKeepsTheFoundSizeAndPutsEveryByteBack) {
     PlugIn(131072);
     Card.RefusedWrites[64] = 20;
     Answers = {Answer::Abort};
-    EXPECT_EQ(Detect(), "Keine Memorykarte gefunden!");
-    EXPECT_EQ(Show.MemCardSize, NoMemCard);
+    EXPECT_EQ(Detect(), " 128KB grosse Memorykarte gefunden.");
+    EXPECT_EQ(Show.MemCardSize, 131072);
+    EXPECT_TRUE(Texts("box").empty());
 }
 
-TEST_F(MemoryCard, ControlRegisterIsWrittenAndReadBackAtTheEnd) {
-    PlugIn(32768);
-    Tracing = true;
-    DetectMemCard();
-    ASSERT_GE(Trace.size(), 2u);
-    EXPECT_EQ(Trace[Trace.size() - 2], (CardAccess{'a', 0x203, 255}));
-    EXPECT_EQ(Trace.back(), (CardAccess{'r', 0x203, 0}));
+TEST_F(MemoryCard, ControlRegisterIsWrittenAndReadBackAtTheEndOfEveryDetection) {
+    struct Case {
+        std::size_t Size;
+        std::uint32_t StuckLow;
+        std::int32_t Found;
+    };
+    for (const Case& each : {Case{32768, 0, 32768}, Case{0, 0, NoMemCard}, Case{32768, 4, MemCardFault}}) {
+        PlugIn(each.Size);
+        Card.StuckLow = each.StuckLow;
+        if (each.Size == 0) Answers = {Answer::Ignore};
+        Tracing = true;
+        DetectMemCard();
+        EXPECT_EQ(Show.MemCardSize, each.Found);
+        ASSERT_GE(Trace.size(), 2u);
+        EXPECT_EQ(Trace[Trace.size() - 2], (CardAccess{'a', 0x203, 255})) << each.Found;
+        EXPECT_EQ(Trace.back(), (CardAccess{'r', 0x203, 0})) << each.Found;
+        Trace.clear();
+    }
+}
+
+TEST_F(MemoryCard, SizeBetweenTheKnownOnesIsAFaultOfTheProgram) {
+    for (const std::int32_t size : {3, 16384, 98304, 1048575}) {
+        Show.MemCardSize = size;
+        EXPECT_EQ(MemCardText(),
+                  " Fehler im Programmteil zum ermitteln der Kartengrösse. Bitte teilen Sie diese "
+                  "Fehlermeldung dem Herrsteller Ihres Programms mit und geben Sie bitte die Speichergrösse  "
+                  "Ihrer Memorykarte mit an. Danke!")
+            << size;
+    }
+    EXPECT_TRUE(Log.empty()) << "neither beep nor box";
 }
 
 TEST_F(MemoryCard, WithoutAnAdapterAddressNothingIsInitialised) {
