@@ -24,15 +24,17 @@ namespace quorvane {
 namespace {
 
 // A tick that fails stops its clock before anything is shown: one box, and not twenty a second.
-void RunTick(Clock& clock, void (*tick)()) {
+void RunTick(const Clock& clock, void (*tick)(), void (*stop)()) {
     if (!clock.Enabled) return;
     try {
         tick();
     } catch (const std::exception& fault) {
-        clock.Enabled = false;
+        stop();
         ShowMessage(std::string("Die DMX-Ausgabe wurde angehalten.\n") + fault.what(), Icon::Critical);
     }
 }
+
+void StopOutputClock() { Show.AutoXmit.Enabled = false; }
 
 } // namespace
 
@@ -54,8 +56,8 @@ void Heartbeat::Beat() {
     if (!timer.Acknowledge()) return;
     grid.Advance(Seconds());
     timer.ArmAt(grid.Next());
-    RunTick(Show.AutoXmit, AutoXmit_Timer);
-    RunTick(Show.timSendToMerger, timSendToMerger_Timer);
+    RunTick(Show.AutoXmit, AutoXmit_Timer, StopOutputClock);
+    RunTick(Show.timSendToMerger, timSendToMerger_Timer, AbandonTransfer);
     awake.Follow(Show.AutoXmit.Enabled, Show.StatusFlags.Has(Status::SequencePlaying));
     if (waiting) waiting->quit();
 }

@@ -27,9 +27,8 @@ void SaveParameters() {
     Show.SavedDmxIni[SavedBlendField] = LowByte(TypedNumber(Show.SequencerField[1]));
 }
 
-// Words 11 to 15 were never saved, so that they become 0, on purpose. Word 0 was never changed.
 void RestoreParameters() {
-    for (int word = 1; word <= LastWord; ++word) Show.DmxIni[word] = Show.SavedDmxIni[word];
+    Show.DmxIni = ParametersToKeep();
     Show.DmxIniDirty = 1;
 }
 
@@ -70,8 +69,8 @@ void WriteImage(int image) {
 }
 
 void EndTransfer() {
-    Show.timSendToMerger.Enabled = false;
     RestoreParameters();
+    Show.timSendToMerger.Enabled = false;
     Screen.TransferRuns(false);
     Screen.SequencerStatus("Fertig mit Senden.");
     Show.AutoXmit.Enabled = true;
@@ -87,6 +86,14 @@ void RefuseWithoutCard() {
 
 } // namespace
 
+// Words 11 to 15 were never saved, so that they become 0, on purpose. Word 0 was never changed.
+Table<std::int16_t, 0, 15> ParametersToKeep() {
+    auto parameters = Show.DmxIni;
+    if (Show.timSendToMerger.Enabled)
+        for (int word = 1; word <= LastWord; ++word) parameters[word] = Show.SavedDmxIni[word];
+    return parameters;
+}
+
 void mnuSequenceToMerger_Click() {
     if (Show.timSendToMerger.Enabled) return;
     if (Show.CardBase <= LastBaseWithoutCard) {
@@ -101,9 +108,9 @@ void mnuSequenceToMerger_Click() {
     SaveParameters();
     Show.AutoXmit.Enabled = false;
     Screen.MainCaption(": KMO DMX QUORVANE  ....stopped: transferring Sequence to PlayUnit");
-    Screen.TransferRuns(true);
     SetTransferParameters();
     Show.timSendToMerger.Enabled = true;
+    Screen.TransferRuns(true);
 }
 
 void timSendToMerger_Timer() {
@@ -124,10 +131,12 @@ void timSendToMerger_Timer() {
 
 void AbandonTransfer() {
     if (!Show.timSendToMerger.Enabled) return;
-    Show.timSendToMerger.Enabled = false;
     RestoreParameters();
+    Show.timSendToMerger.Enabled = false;
     Screen.TransferRuns(false);
     Screen.SequencerStatus("Das Senden wurde abgebrochen.");
+    // A card that is gone has said so in the caption.
+    if (Show.CardBase > LastBaseWithoutCard) Screen.MainCaption(": KMO DMX QUORVANE  ....stopped");
 }
 
 } // namespace quorvane

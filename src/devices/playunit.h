@@ -3,6 +3,10 @@
 // off meanwhile, so the two never write the card at the same time.
 #pragma once
 
+#include "model/table.h"
+
+#include <cstdint>
+
 namespace quorvane {
 
 // Menu entry "zum Merger über DMX". Refused with a message without an ISA card or while a sequence plays.
@@ -12,8 +16,11 @@ void mnuSequenceToMerger_Click();
 // transfer is abandoned.
 void timSendToMerger_Timer();
 
+// The card parameter block as it stands without a transfer: what a file stores, also while one runs.
+Table<std::int16_t, 0, 15> ParametersToKeep();
+
 // Ends a running transfer before its time, with the parameter block as it was before. For the program's
-// end and when the card is gone; the output clock stays off.
+// end and when the card is gone or an image cannot be sent; the output clock stays off.
 void AbandonTransfer();
 
 } // namespace quorvane

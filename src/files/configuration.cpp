@@ -1,5 +1,6 @@
 #include "files/configuration.h"
 
+#include "devices/playunit.h"
 #include "files/filechoice.h"
 #include "files/sectionedtext.h"
 #include "files/showfiles.h"
@@ -165,7 +166,7 @@ void ReadDmxIni(SectionedText& text) {
 }
 
 void WriteDmxIni(TextWriter& text) {
-    for (const std::int16_t word : Show.DmxIni) text.Add(word);
+    for (const std::int16_t word : ParametersToKeep()) text.Add(word);
     text.EndList();
 }
 

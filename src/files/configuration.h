@@ -6,7 +6,8 @@ namespace quorvane {
 class SectionedText;
 class TextWriter;
 
-// The card parameter block, one list of 16 numbers.
+// The card parameter block, one list of 16 numbers. A transfer to the play unit that is under way is not seen
+// in what is written.
 void ReadDmxIni(SectionedText& text);
 void WriteDmxIni(TextWriter& text);
 

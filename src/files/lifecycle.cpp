@@ -55,22 +55,15 @@ bool StartProgram() {
     return true;
 }
 
-// A transfer ends here: a configuration that is saved now has the parameters that stood before it. When the
-// program stays, its output goes on.
 bool MayClose() {
     Show.SavedFlags = Show.StatusFlags.bits;
-    const bool transferred = Show.timSendToMerger.Enabled;
-    AbandonTransfer();
     for (const auto* subject : {"config", "scene", "sequence", "farbtabelle"})
-        if (UnsavedChangesGuard(subject)) {
-            if (transferred) EnableOutputClock();
-            return false;
-        }
+        if (UnsavedChangesGuard(subject)) return false;
     return true;
 }
 
 void StopOutput() {
-    AbandonTransfer(); // none may be under way when the settings are saved
+    AbandonTransfer();
     Show.AutoXmit.Enabled = false;
     ClosePort(Show.InterfaceType);
 }

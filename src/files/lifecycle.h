@@ -9,11 +9,11 @@ namespace quorvane {
 bool StartProgram();
 
 // Takes the snapshot of the status word for the settings and asks about unsaved work of all four kinds.
-// False when the user cancelled; the snapshot has been taken all the same. A transfer to the play unit is
-// abandoned first.
+// False when the user cancelled; the snapshot has been taken all the same. A transfer to the play unit goes
+// on meanwhile.
 bool MayClose();
 
-// Clocks off, interface closed. What the lamps show last, they keep.
+// Clocks off, a transfer abandoned, interface closed. What the lamps show last, they keep.
 void StopOutput();
 
 } // namespace quorvane

@@ -88,8 +88,8 @@ void MDIHaupt::FillScreen() {
     };
     Screen.RefreshMain = [this] { update(); };
     Screen.EnableDmxEntries = [this](bool on) {
-        mnuDMXStart->setEnabled(on);
-        mnuDMXStop->setEnabled(on);
+        dmxEntries = on;
+        EnableDmxEntries();
     };
     Screen.ShowDmxEntries = [this](bool shown) {
         mnuDMXStart->setVisible(shown);
@@ -180,7 +180,13 @@ void MDIHaupt::EnableForTransfer(bool runs) {
         if (auto* entry = findChild<QAction*>(name)) entry->setEnabled(!runs);
     for (const char* name : {"frmElement", "frmOptions"})
         if (auto* window = findChild<QWidget*>(name)) window->setEnabled(!runs);
+    EnableDmxEntries();
     Control->EnableForTransfer(runs);
+}
+
+void MDIHaupt::EnableDmxEntries() {
+    for (QAction* entry : {mnuDMXStart, mnuDMXStop})
+        entry->setEnabled(dmxEntries && !Show.timSendToMerger.Enabled);
 }
 
 void MDIHaupt::mnuHilfe_Click() {

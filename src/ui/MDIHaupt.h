@@ -66,6 +66,7 @@ private:
     void mnuDMXInit_Click();
     void ShowMemoryCard(int command);
     void EnableForTransfer(bool runs);
+    void EnableDmxEntries();
     void mnuHilfe_Click();
     bool MDIForm_QueryUnload();
     void MDIForm_Unload();
@@ -76,7 +77,8 @@ private:
     QAction* mnuDMXStop = nullptr;
     QWidget* memoryCard = nullptr; // its window, while it is open
     QList<ChildWindow*> children;
-    bool waiting = false; // a command that lets events run is under way
+    bool dmxEntries = true; // DMX Start and DMX Stop, when no transfer runs
+    bool waiting = false;   // a command that lets events run is under way
     bool closePending = false;
 };
 

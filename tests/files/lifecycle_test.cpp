@@ -190,23 +190,31 @@ TEST_F(Lifecycle, ConfigurationSavedOnClosingDuringATransferHasTheParametersThat
     Answers = {Answer::Yes};
     ChosenFiles = {(ProgramFolder / "wall.CFG").string()};
     EXPECT_TRUE(MayClose());
+    EXPECT_EQ(Show.DmxIni[1], 1) << "the transfer has them still";
     EXPECT_NE(Read("wall.CFG").find("[DMXINI]\r\n 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 0,"),
               std::string::npos)
         << Read("wall.CFG");
 }
 
-TEST_F(Lifecycle, ProgramThatStaysAfterATransferWasAbandonedGoesOnSending) {
+TEST_F(Lifecycle, TransferGoesOnToItsLastImageWhenTheProgramStays) {
     ASSERT_TRUE(StartProgram());
     Show.InterfaceType = IsaCardB;
     Show.CardBase = 0x100;
+    for (int word = 0; word <= 15; ++word) Show.DmxIni[word] = static_cast<std::int16_t>(20 + word);
     mnuSequenceToMerger_Click();
     timSendToMerger_Timer();
     Show.ChangeFlags.bits = 0x01;
     Answers = {Answer::Cancel};
     EXPECT_FALSE(MayClose());
+    EXPECT_FALSE(Show.AutoXmit.Enabled);
+    for (int image = 2; image <= 255; ++image) {
+        ASSERT_TRUE(Show.timSendToMerger.Enabled) << image;
+        timSendToMerger_Timer();
+        ASSERT_EQ(Show.DmxIni[1], image < 255 ? image : 21);
+    }
     EXPECT_FALSE(Show.timSendToMerger.Enabled);
     EXPECT_TRUE(Show.AutoXmit.Enabled);
-    EXPECT_EQ(Show.DmxIniDirty, 1);
+    EXPECT_EQ(Show.DmxIni[6], 26);
 }
 
 TEST_F(Lifecycle, EndDuringATransferKeepsTheParametersThatStoodBeforeIt) {

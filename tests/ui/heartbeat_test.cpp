@@ -1,9 +1,15 @@
 #include "app/heartbeat.h"
 
+#include "devices/playunit.h"
+#include "model/screen.h"
 #include "model/show.h"
 #include "platform/host.h"
 
 #include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace quorvane {
 
@@ -11,6 +17,7 @@ class HeartbeatTest : public testing::Test {
 protected:
     HeartbeatTest() {
         Show = ShowState{};
+        Screen = ScreenCalls{};
         Show.InterfaceType = UsbInterface;
         Show.InterfaceOpen[UsbInterface] = 1;
         Host.DasHardCommand = [this](std::int32_t command, std::int32_t, std::uint8_t*) {
@@ -18,7 +25,18 @@ protected:
             return 0;
         };
     }
-    ~HeartbeatTest() override { Host = HostCalls{}; }
+    ~HeartbeatTest() override {
+        Host = HostCalls{};
+        Screen = ScreenCalls{};
+    }
+    // A transfer to an ISA card, beside the USB interface that the show goes out by.
+    void StartTransfer(int image) {
+        Show.CardBase = 0x140;
+        Show.AutoXmit.Enabled = true;
+        for (int word = 0; word <= 15; ++word) Show.DmxIni[word] = static_cast<std::int16_t>(20 + word);
+        mnuSequenceToMerger_Click();
+        Show.TransferImage = static_cast<std::uint8_t>(image);
+    }
 
     Heartbeat heartbeat;
     int sent = 0;
@@ -35,6 +53,40 @@ TEST_F(HeartbeatTest, WaitEndsRightAfterATick) {
 TEST_F(HeartbeatTest, NothingIsWaitedForWhileNoClockIsEnabled) {
     heartbeat.WaitForBeat();
     EXPECT_EQ(sent, 0);
+}
+
+TEST_F(HeartbeatTest, TransferSendsOneImageABeatAndTheOutputGoesOnRightAfterTheLast) {
+    StartTransfer(252);
+    for (int image = 252; image <= 255; ++image) {
+        EXPECT_EQ(Show.TransferImage, image);
+        EXPECT_TRUE(Show.timSendToMerger.Enabled);
+        heartbeat.WaitForBeat();
+        EXPECT_EQ(sent, 0) << "no tick of the output meanwhile, not even at the last image";
+    }
+    EXPECT_FALSE(Show.timSendToMerger.Enabled);
+    heartbeat.WaitForBeat();
+    EXPECT_EQ(sent, 1);
+}
+
+TEST_F(HeartbeatTest, TransferThatFailsGivesTheParametersAndTheCommandsBackBeforeItTells) {
+    std::vector<std::string> boxes;
+    std::vector<bool> transferRuns;
+    Host.DlPortWritePortUchar = [](std::uint32_t, std::uint8_t) {
+        throw std::runtime_error("Der Port ist weg.");
+    };
+    Host.MsgBox = [&](std::string_view text, Buttons, std::string_view, Icon) {
+        boxes.emplace_back(text);
+        EXPECT_FALSE(Show.timSendToMerger.Enabled);
+        EXPECT_EQ(Show.DmxIni[1], 21);
+        EXPECT_EQ(transferRuns, (std::vector<bool>{true, false}));
+        return Answer::Ok;
+    };
+    Screen.TransferRuns = [&](bool runs) { transferRuns.push_back(runs); };
+    StartTransfer(1);
+    heartbeat.WaitForBeat();
+    EXPECT_EQ(boxes, std::vector<std::string>{"Die DMX-Ausgabe wurde angehalten.\nDer Port ist weg."});
+    for (int word = 0; word <= 10; ++word) EXPECT_EQ(Show.DmxIni[word], 20 + word);
+    EXPECT_FALSE(Show.AutoXmit.Enabled) << "its next tick could fail just so";
 }
 
 } // namespace quorvane
