@@ -54,8 +54,6 @@ OptionWords WordsOf(const OutputOptions& options) {
     return words;
 }
 
-bool WallSetsCount(bool automatic) { return automatic && Show.ElementCount > 0; }
-
 std::int32_t ChannelsOfWall() { return std::min(Show.ElementCount * 4, DmxChannels); }
 
 // The count as SaveConfig splits it. Under the automatic count the wall build has split it otherwise.
@@ -98,6 +96,8 @@ std::string_view FixedOption(std::int16_t type, int field) {
     default: return "";
     }
 }
+
+bool WallSetsCount(bool automatic) { return automatic && Show.ElementCount > 0; }
 
 std::int32_t StoredOption(int field, bool automatic) {
     switch (field) {

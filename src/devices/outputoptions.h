@@ -32,6 +32,8 @@ struct OutputOptions {
 // What the interface type fixes a field to: "Auto", "0" or "512"; empty where the user decides.
 std::string_view FixedOption(std::int16_t type, int field);
 
+// Whether the channel count follows the wall: with automatic, and once there is one.
+bool WallSetsCount(bool automatic);
 // A field's value as the show has it now. The channel count follows the wall with automatic.
 std::int32_t StoredOption(int field, bool automatic);
 // A field's value by default.

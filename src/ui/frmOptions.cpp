@@ -79,7 +79,7 @@ void frmOptions::FillFields() {
         const std::string_view fixed = FixedOption(Show.InterfaceType, index);
         if (!fixed.empty())
             field->Put(Shown(fixed));
-        else if (!field->isEnabledTo(this) || !field->Edited())
+        else if (!field->Edited() || (index == SendChannels && WallSetsCount(cckAutoDMXmax->isChecked())))
             field->Put(QString::number(StoredOption(index, cckAutoDMXmax->isChecked())));
     }
     ShowWarnings();
@@ -150,8 +150,8 @@ void frmOptions::cckAutoDMXmax_Click() {
 void frmOptions::cmdDefaultDMX_Click() {
     messages.clear(); // of values that are gone now
     for (int index = StartSync; index <= SendRepeat; ++index)
-        if (Field* field = txtDMX.at(At(index)); field->isEnabledTo(this))
-            field->setText(QString::number(DefaultOption(index, cckAutoDMXmax->isChecked())));
+        if (FixedOption(Show.InterfaceType, index).empty())
+            txtDMX.at(At(index))->setText(QString::number(DefaultOption(index, cckAutoDMXmax->isChecked())));
     OptDMXSend[0]->setChecked(true);
     ShowWarnings();
 }
