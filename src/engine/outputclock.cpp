@@ -101,7 +101,7 @@ int MonitorLevel(int channel) {
     // The byte of the channel after it, and of the frame that types 4 and 5 never fill: both on purpose.
     case UsbInterface:
     case PcmciaCard:
-    case PciCard: return Show.DmxOutBytes[channel];
+    case PciCard: return InterfaceReady(Show.InterfaceType) ? Show.DmxOutBytes[channel] : 0;
     default: return 0;
     }
 }

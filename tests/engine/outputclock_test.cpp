@@ -283,6 +283,15 @@ TEST_F(DmxMonitor, ShowsTheNextChannelsByteForUsb) {
     EXPECT_EQ(Values[7].second, 3);
 }
 
+TEST_F(DmxMonitor, ShowsZerosForAUsbInterfaceThatIsNotOpen) {
+    Use(UsbInterface);
+    Show.InterfaceOpen[UsbInterface] = 0;
+    Show.DmxOutBytes.Fill(77);
+    ShowMonitor();
+    ASSERT_EQ(Values.size(), 8u);
+    for (const auto& [row, value] : Values) EXPECT_EQ(value, 0) << row;
+}
+
 TEST_F(DmxMonitor, ReadsTheByteFrameForCardsAlthoughTheyNeverFillIt) {
     for (const std::int16_t type : {PcmciaCard, PciCard}) {
         Values.clear();

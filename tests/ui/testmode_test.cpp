@@ -133,6 +133,19 @@ TEST_F(TestMode, ClosingTheWindowEndsIt) {
     EXPECT_NE(Ground(), QColor(255, 80, 80));
 }
 
+TEST_F(TestMode, NextStartIsOutOfItAndTheShowGoesOut) {
+    StartWith(UsbInterface);
+    Move(0, 200);
+    EXPECT_TRUE(CloseProgram());
+    StartAfresh();
+    StartWithWall(3, 1);
+    EXPECT_TRUE(main->Dmx->isVisible());
+    EXPECT_FALSE(InTestMode());
+    EXPECT_EQ(Button()->text().toStdString(), "Testmode starten");
+    LightTheShow();
+    EXPECT_EQ(NextFrame(), FrameOf(ShowLevels));
+}
+
 TEST_F(TestMode, ColourWindowEndsItBySliderAndByButton) {
     StartWith(UsbInterface);
     Choose("mnuColorfenster");
@@ -237,6 +250,18 @@ TEST_F(TestMode, NothingLeavesWithoutAnInterface) {
     Move(0, 50);
     EXPECT_TRUE(InTestMode());
     EXPECT_EQ(NextFrame(), std::vector<int>());
+    EXPECT_EQ(Outputs(), std::vector<int>(8));
+}
+
+TEST_F(TestMode, NothingLeavesByAUsbInterfaceThatFailedToOpenAndItsValuesAreZero) {
+    UsbKind = 4;
+    StartWith(UsbInterface);
+    EXPECT_FALSE(NoticeIsSeen()) << "one is chosen";
+    Show.AutoXmit.Enabled = true;
+    Show.DmxOutBytes.Fill(77); // left there by a former one
+    Move(0, 50);
+    EXPECT_EQ(NextFrame(), std::vector<int>());
+    SetChannel(1, "100"); // reads the values anew
     EXPECT_EQ(Outputs(), std::vector<int>(8));
 }
 

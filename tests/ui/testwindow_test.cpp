@@ -190,6 +190,16 @@ TEST_F(TestWindowTest, ChannelOutsideTheLineIsRefusedWithABeepAndTheFormerComesB
     }
 }
 
+TEST_F(TestWindowTest, LeavingAChannelAsksForFreshValuesWhetherItIsAcceptedOrRefused) {
+    StartWith(UsbInterface);
+    for (const char* text : {"77", "513"}) {
+        Replace(2, text);
+        Show.StatusFlags.Clear(Status::Monitor);
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(Show.StatusFlags.Has(Status::Monitor)) << text;
+    }
+}
+
 TEST_F(TestWindowTest, LetterIsKeptOutOfAChannelField) {
     StartWith(UsbInterface);
     for (const Qt::Key key : {Qt::Key_A, Qt::Key_Minus, Qt::Key_Period, Qt::Key_Space}) {
