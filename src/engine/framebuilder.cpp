@@ -90,6 +90,13 @@ void BlendeBerechnen() {
         }
 }
 
+// For an element that came onto the wall after the transition began nothing is prepared, or something old.
+void ContinueBlend() {
+    if (!Show.StatusFlags.Has(Status::SequencePlaying) || Show.BlendCounter == 0) return;
+    Show.BlendSteps = Show.BlendCounter;
+    BlendeBerechnen();
+}
+
 void MitKarteHold() {
     for (int element = 1; element <= Show.ElementCount; ++element)
         for (int channel = 1; channel <= 4; ++channel)

@@ -11,6 +11,8 @@ namespace quorvane {
 // Prepares the blend from the present levels into the scene of CurrentStep over BlendSteps ticks and
 // shows the step in the sequencer's fields. Throws std::domain_error when BlendSteps is 0.
 void BlendeBerechnen();
+// The wall has other elements now: prepares what is left of a playing blend anew, from the present levels.
+void ContinueBlend();
 
 void MitKarteHold();  // every element channel from ElementValue, into the interface's frame
 void OhneKarteHold(); // the same, sent nowhere

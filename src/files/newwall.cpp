@@ -1,5 +1,6 @@
 #include "files/newwall.h"
 
+#include "engine/framebuilder.h"
 #include "files/sceneimport.h"
 #include "files/settingsfile.h"
 #include "model/screen.h"
@@ -17,9 +18,10 @@ std::int64_t ElementsOf(const WallMeasures& wall) {
 }
 
 void ReplaceWall(const WallMeasures& wall) {
-    const bool otherShape = Show.StatusFlags.Has(Status::WallExists) &&
-                            (Show.WallColumns != wall.Columns || Show.WallRows != wall.Rows);
-    if (otherShape) {
+    const bool hasElements = Show.ElementCount > 0; // a damaged file may have brought a wall without any
+    const bool sameShape = hasElements && Show.WallColumns == wall.Columns && Show.WallRows == wall.Rows;
+    const bool import = hasElements && !sameShape && Show.StatusFlags.Has(Status::SequenceExists);
+    if (import) {
         Show.ImportX = Show.WallColumns;
         Show.ImportY = Show.WallRows;
     }
@@ -31,7 +33,8 @@ void ReplaceWall(const WallMeasures& wall) {
     Show.WallAreaHeight = wall.AreaHeight;
     Show.ElementSize = wall.Size;
     NeueWandInit();
-    if (otherShape && Show.StatusFlags.Has(Status::SequenceExists)) ImportScene();
+    if (import) ImportScene();
+    if (!sameShape) ContinueBlend();
     ShowWallColours();
     Screen.ShowWall();
     SaveINI();

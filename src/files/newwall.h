@@ -22,7 +22,7 @@ std::int64_t ElementsOf(const WallMeasures& wall);
 
 // Replaces the wall and saves the settings. Nothing is asked about unsaved work, on purpose. While a sequence
 // exists, the scene on a wall of another shape keeps its columns and rows; the sequence itself stays as it
-// is.
+// is, and when it plays, a blend in progress goes on from that scene.
 void ReplaceWall(const WallMeasures& wall);
 
 } // namespace quorvane

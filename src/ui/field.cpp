@@ -4,6 +4,8 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace quorvane {
 
 Field::Field(const QString& name, const QString& accessibleName) {
@@ -19,8 +21,9 @@ void Field::Put(const QString& shown) {
 // What a key types is known when it goes down: by the time it comes up, Ctrl may be up already.
 void Field::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text();
-    const bool visible =
-        !typed.isEmpty() && typed.at(0).isPrint() && !event->modifiers().testFlag(Qt::ControlModifier);
+    const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
+                         !event->modifiers().testFlag(Qt::AltModifier); // both together may stand for AltGr
+    const bool visible = !typed.isEmpty() && typed.at(0).isPrint() && !command;
     down[event->key()] = visible ? typed : QString();
     if (!KeyPress || KeyPress(down[event->key()])) QLineEdit::keyPressEvent(event);
 }
@@ -41,8 +44,8 @@ void Field::focusOutEvent(QFocusEvent* event) {
     if (LostFocus) LostFocus();
 }
 
-bool IsNumberKey(const QString& typed) {
-    return typed.isEmpty() || (typed.at(0) >= QChar('.') && typed.at(0) <= QChar('9'));
+bool IsNumberText(const QString& typed) {
+    return std::ranges::all_of(typed, [](QChar c) { return c >= QChar('.') && c <= QChar('9'); });
 }
 
 void CheckFocusedField() {

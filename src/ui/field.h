@@ -35,8 +35,8 @@ private:
     QHash<int, QString> down; // keys that are down, with what they typed
 };
 
-// True for what a number field accepts: digits, "." and "/", and the keys that type nothing.
-bool IsNumberKey(const QString& typed);
+// True for what a number field accepts: digits, "." and "/", or nothing, which many keys type.
+bool IsNumberText(const QString& typed);
 
 // Runs the check of the field that has the focus, as if the focus moved on: before a window closes and
 // before a button acts that was chosen by its access key.

@@ -154,7 +154,7 @@ void frmColor::txtFarbe_KeyUp(int index, int key, const QString& typed) {
         QWidget* next = index < 3 ? static_cast<QWidget*>(txtFarbe[At(index + 1)]) : cmdColor[1];
         next->setFocus(Qt::TabFocusReason);
         if (valid) ShowStatus("Bitte mit TAB weitergehen.");
-    } else if (!IsNumberKey(typed)) {
+    } else if (!IsNumberText(typed)) {
         txtFarbe[At(index)]->Put(QString::number(ScrFarbe[At(index)]->value()));
         ShowStatus(" Es sind nur Zahlen erlaubt!");
     }

@@ -85,7 +85,7 @@ void frmNeueWand::MakeFields() {
         lbltxtFeld.at(At(index)) = label;
         if (index == Total) continue;
         field->KeyUp = [this, index](int, const QString& typed) { txtfeld_KeyUp(index, typed); };
-        connect(field, &QLineEdit::textChanged, this, [this] { ShowTotal(); });
+        connect(field, &QLineEdit::textChanged, this, [this, index] { txtfeld_Change(index); });
     }
     txtfeld[Total]->setReadOnly(true);
     txtfeld[Total]->setFocusPolicy(Qt::NoFocus);
@@ -164,15 +164,14 @@ void frmNeueWand::Form_Load() {
 // With a wall a refused key brings its present value back; without one, what stood before the key: the
 // defaults must survive a slip.
 void frmNeueWand::txtfeld_KeyUp(int index, const QString& typed) {
-    Field* field = txtfeld.at(At(index));
-    if (index != Name && !IsNumberKey(typed)) {
-        field->setText(accepted.at(At(index)));
-        lblStatus->setText("Es sind nur Zahlen erlaubt!");
-    } else if (!Show.StatusFlags.Has(Status::WallExists))
-        accepted.at(At(index)) = field->text();
+    if (index == Name || IsNumberText(typed)) return;
+    txtfeld.at(At(index))->setText(accepted.at(At(index)));
+    lblStatus->setText("Es sind nur Zahlen erlaubt!");
 }
 
-void frmNeueWand::ShowTotal() {
+void frmNeueWand::txtfeld_Change(int index) {
+    const QString text = txtfeld.at(At(index))->text();
+    if (!Show.StatusFlags.Has(Status::WallExists) && IsNumberText(text)) accepted.at(At(index)) = text;
     const std::int64_t total =
         static_cast<std::int64_t>(NumberIn(txtfeld[Columns])) * NumberIn(txtfeld[Rows]);
     txtfeld[Total]->setText(QString::number(total));

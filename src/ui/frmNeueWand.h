@@ -34,7 +34,7 @@ private:
     QWidget* Group(const char* title, int first);
     void Form_Load();
     void txtfeld_KeyUp(int index, const QString& typed);
-    void ShowTotal();
+    void txtfeld_Change(int index);
     void Refuse(const char* text, int index);
     void cmdOK_Click();
 

@@ -1,14 +1,9 @@
-#include "ui/windowbench.h"
+#include "ui/newwallbench.h"
 
-#include "model/wall.h"
-#include "ui/field.h"
-#include "ui/frmNeueWand.h"
 #include "ui/frmWand.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QMenu>
-#include <QPushButton>
 #include <QScreen>
 
 namespace quorvane {
@@ -23,40 +18,7 @@ constexpr const char* None = "Eine Wand kann nicht aus 0 Elementen bestehen. Bit
 
 } // namespace
 
-class NewWallDialog : public WindowBench {
-protected:
-    // Opens the dialog by its menu entry; act is what the user does in it before he leaves it.
-    void InDialog(const std::function<void()>& act) {
-        WhenAsked([this, act](QDialog* asked) {
-            dialog = dynamic_cast<frmNeueWand*>(asked);
-            ASSERT_NE(dialog, nullptr);
-            act();
-        });
-        Choose("mnuNeueWand");
-    }
-    Field* Text(int index) { return dialog->txtfeld.at(static_cast<std::size_t>(index)); }
-    std::string Shown(int index) { return Text(index)->text().toStdString(); }
-    std::string Status() { return dialog->lblStatus->text().toStdString(); }
-    void Type(int index, const char* text) {
-        QTest::mouseClick(Text(index), Qt::LeftButton);
-        QTest::keyClick(Text(index), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(Text(index), text);
-    }
-    void Ok() { QTest::mouseClick(dialog->cmdOK, Qt::LeftButton); }
-    void Leave() { QTest::mouseClick(dialog->cmdAbbrechen, Qt::LeftButton); }
-    void HaveWall(int columns, int rows) {
-        Show.WallName = "Bühne               ";
-        Show.WallColumns = static_cast<std::uint8_t>(columns);
-        Show.WallRows = static_cast<std::uint8_t>(rows);
-        Show.WallAreaWidth = 700;
-        Show.WallAreaHeight = 900;
-        Show.ElementSize = 90;
-        NeueWandInit();
-        Show.ChangeFlags = {};
-    }
-
-    frmNeueWand* dialog = nullptr;
-};
+using NewWallDialog = NewWallBench;
 
 TEST_F(NewWallDialog, ShowsTheDefaultsAndAsksForValuesWithoutAWall) {
     StartProgram();
@@ -229,8 +191,7 @@ TEST_F(NewWallDialog, TooManyOrNoElementsAreRefusedAndTheDialogStays) {
 TEST_F(NewWallDialog, PastedTotalIsCountedAnewFromTheNumbersThatAreStored) {
     StartProgram();
     InDialog([this] {
-        Text(1)->selectAll();
-        Text(1)->insert("120"); // pasted: no key was released
+        Paste(1, "120");
         EXPECT_EQ(Shown(6), "600");
         Answer(QMessageBox::Ok);
         Ok();
@@ -238,6 +199,29 @@ TEST_F(NewWallDialog, PastedTotalIsCountedAnewFromTheNumbersThatAreStored) {
     });
     ASSERT_EQ(Boxes.size(), 1u);
     EXPECT_EQ(Boxes[0].Text, TooMany);
+}
+
+TEST_F(NewWallDialog, CountsThatNoWallCanHaveAreTooManyWhateverTheirProduct) {
+    struct Case {
+        const char* Columns;
+        const char* Rows;
+    };
+    StartProgram();
+    for (const Case& c : std::initializer_list<Case>{
+             {"-1", "5"}, {"5", "-1"}, {"-1", "-5"}, {"-1", "0"}, {"0", "256"}, {"256", "0"}}) {
+        Boxes.clear();
+        InDialog([this, &c] {
+            Paste(1, c.Columns);
+            Paste(2, c.Rows);
+            Answer(QMessageBox::Ok);
+            Ok();
+            EXPECT_TRUE(dialog->isVisible());
+            Leave();
+        });
+        ASSERT_EQ(Boxes.size(), 1u) << c.Columns << " x " << c.Rows;
+        EXPECT_EQ(Boxes[0].Text, TooMany) << c.Columns << " x " << c.Rows;
+        EXPECT_FALSE(Show.StatusFlags.Has(Status::WallExists));
+    }
 }
 
 TEST_F(NewWallDialog, RelativeSizeOfNothingBecomesOneAndTheWallIsBuilt) {
@@ -282,6 +266,70 @@ TEST_F(NewWallDialog, DefaultsSurviveARefusedKeyWithoutAWall) {
     });
 }
 
+TEST_F(NewWallDialog, RefusedKeyBringsThePresentValueOfEveryNumberBack) {
+    StartProgram();
+    HaveWall(4, 3);
+    InDialog([this] {
+        for (int index = 1; index <= 5; ++index) {
+            const std::string present = Shown(index);
+            Type(index, "12");
+            QTest::keyClicks(Text(index), "x");
+            EXPECT_EQ(Shown(index), present);
+        }
+        Leave();
+    });
+}
+
+TEST_F(NewWallDialog, RefusedKeyThatOverlapsAnAcceptedOneIsUndoneAlone) {
+    StartProgram();
+    InDialog([this] {
+        QTest::mouseClick(Text(1), Qt::LeftButton);
+        QTest::keyClick(Text(1), Qt::Key_A, Qt::ControlModifier);
+        for (const char key : {'7', '-'}) QTest::keyPress(Text(1), key);
+        for (const char key : {'7', '-'}) QTest::keyRelease(Text(1), key);
+        EXPECT_EQ(Shown(1), "7");
+        Leave();
+    });
+}
+
+TEST_F(NewWallDialog, NumberWhoseKeyCameUpInTheNextFieldSurvivesALaterRefusedKey) {
+    StartProgram();
+    InDialog([this] {
+        QTest::mouseClick(Text(1), Qt::LeftButton);
+        QTest::keyClick(Text(1), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyPress(Text(1), '7');
+        QTest::keyClick(Text(1), Qt::Key_Tab);
+        QTest::keyRelease(Text(2), '7');
+        QTest::mouseClick(Text(1), Qt::LeftButton);
+        QTest::keyClicks(Text(1), "x");
+        EXPECT_EQ(Shown(1), "7");
+        Leave();
+    });
+}
+
+TEST_F(NewWallDialog, PastedNumberSurvivesALaterRefusedKey) {
+    StartProgram();
+    InDialog([this] {
+        Paste(1, "12");
+        QTest::keyClicks(Text(1), "x");
+        EXPECT_EQ(Shown(1), "12");
+        Leave();
+    });
+}
+
+TEST_F(NewWallDialog, CharacterOfAThirdKeyLevelIsRefusedAlsoWhereThatKeyComesAsCtrlAndAlt) {
+    StartProgram();
+    InDialog([this] {
+        const std::string before = Shown(1);
+        QTest::mouseClick(Text(1), Qt::LeftButton);
+        QTest::sendKeyEvent(QTest::Click, Text(1), Qt::Key_2, QString("²"),
+                            Qt::ControlModifier | Qt::AltModifier);
+        EXPECT_EQ(Shown(1), before);
+        EXPECT_EQ(Status(), "Es sind nur Zahlen erlaubt!");
+        Leave();
+    });
+}
+
 TEST_F(NewWallDialog, NameIsFreeTextAndPointAndStrokeAreAcceptedInNumbers) {
     StartProgram();
     InDialog([this] {
@@ -294,67 +342,6 @@ TEST_F(NewWallDialog, NameIsFreeTextAndPointAndStrokeAreAcceptedInNumbers) {
         EXPECT_EQ(Status(), "Bitte geben Sie die entsprechenden Werte ein");
         Leave();
     });
-}
-
-TEST_F(NewWallDialog, SceneKeepsItsColumnsAndRowsOnTheNewWallWhileASequenceExists) {
-    StartProgram();
-    HaveWall(2, 2);
-    for (int element = 1; element <= 4; ++element)
-        Show.ElementValue[element].Fill(static_cast<std::uint8_t>(element));
-    Show.StepCount = 1;
-    Show.SequenceSteps[1][1].Fill(99);
-    Show.StatusFlags.Set(Status::SequenceExists);
-    InDialog([this] {
-        Type(1, "3");
-        Ok();
-    });
-    std::vector<int> reds;
-    for (int element = 1; element <= 6; ++element) reds.push_back(Show.ElementValue[element][1]);
-    EXPECT_EQ(reds, (std::vector<int>{1, 2, 0, 3, 4, 0}));
-    EXPECT_EQ(Show.SequenceSteps[1][1][1], 99);
-    EXPECT_EQ(Show.StepCount, 1);
-}
-
-TEST_F(NewWallDialog, SceneStaysElementByElementWithoutASequenceOrOnTheSameShape) {
-    for (const bool sequence : {false, true}) {
-        StartProgram();
-        HaveWall(2, 2);
-        for (int element = 1; element <= 6; ++element)
-            Show.ElementValue[element].Fill(static_cast<std::uint8_t>(element));
-        Show.StatusFlags.Put(Status::SequenceExists, sequence);
-        InDialog([this, sequence] {
-            if (!sequence) Type(1, "3");
-            Ok();
-        });
-        EXPECT_EQ(Show.ElementValue[3][1], 3);
-        EXPECT_EQ(Show.ElementValue[4][1], 4);
-        Show.StatusFlags.Clear(Status::SequenceExists);
-        Show.ChangeFlags = {};
-        main.reset();
-        Show = ShowState{};
-    }
-}
-
-TEST_F(NewWallDialog, NothingIsAskedAboutUnsavedWork) {
-    StartProgram();
-    HaveWall(2, 2);
-    Show.ChangeFlags.bits = 0xff;
-    InDialog([this] { Ok(); });
-    EXPECT_TRUE(Boxes.empty());
-}
-
-TEST_F(NewWallDialog, OutputRestsWhileItIsOpenAndGoesOnAsItWas) {
-    StartProgram();
-    for (const bool running : {true, false}) {
-        Show.AutoXmit.Enabled = running;
-        Show.StatusFlags.Set(Status::SequencePlaying);
-        InDialog([this] {
-            EXPECT_FALSE(Show.AutoXmit.Enabled);
-            Leave();
-        });
-        EXPECT_EQ(Show.AutoXmit.Enabled, running);
-        EXPECT_TRUE(Show.StatusFlags.Has(Status::SequencePlaying));
-    }
 }
 
 } // namespace quorvane
