@@ -19,6 +19,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvane {
 
@@ -208,14 +209,20 @@ void frmElement::txtElement_KeyUp(int index, int key, const QString& typed) {
 
 void frmElement::txtElement_LostFocus(int index) {
     if (following) return;
+    refusedByTransfer = false;
     if (index == Number)
         TakeElementNumber();
-    else if (!ElementIsShown())
-        return;
-    else if (index <= White)
-        TakeChannel(index);
-    else
-        TakeCorrection(index - White);
+    else if (ElementIsShown()) {
+        const bool taken = index <= White ? TakeChannel(index) : TakeCorrection(index - White);
+        refusedByTransfer = !taken && TransferIsPressed(index);
+    }
+}
+
+// By the mouse, which has just taken the focus there, or while the field has the focus still. A key that only
+// moves the focus on to the button does not press it.
+bool frmElement::TransferIsPressed(int index) const {
+    const bool byMouse = cmdColorCorrektion->hasFocus() && QApplication::mouseButtons() != Qt::NoButton;
+    return byMouse || txtElement.at(At(index))->hasFocus();
 }
 
 // Another number in the first field than that of the element shown: what the other fields hold is not its
@@ -243,30 +250,33 @@ void frmElement::TakeElementNumber() {
     Show.StatusFlags.Set(Status::PatchError); // also when there is no fault, on purpose
 }
 
-void frmElement::TakeChannel(int channel) {
+bool frmElement::TakeChannel(int channel) {
     const int wanted = NumberIn(channel);
     const bool taken = OutputReaches(wanted) && wanted > 0;
     if (taken) SetPatch(Show.PatchEditElement, channel, static_cast<std::int16_t>(wanted));
     txtElement.at(At(channel))->Put(QString::number(Show.Patch[Show.PatchEditElement][channel]));
     if (taken) {
         CheckForDuplicates(channel);
-        return;
+        return true;
     }
     Host.Beep();
     if (OutputReaches(wanted))
         ShowStatus(" Es gibt keinen DMX Kanal 0!");
     else
         ShowStatus("Die Karte ist auf " + Decimal(Show.ChannelCount) + " DMX-Kanäle eingestellt");
+    return false;
 }
 
-void frmElement::TakeCorrection(int channel) {
+bool frmElement::TakeCorrection(int channel) {
     const int wanted = NumberIn(White + channel);
-    if (wanted >= 0 && wanted <= 255)
+    const bool taken = wanted >= 0 && wanted <= 255;
+    if (taken)
         SetCorrection(Show.PatchEditElement, channel, static_cast<std::uint8_t>(wanted));
     else
         ShowStatus(CorrectionRange);
     txtElement.at(At(White + channel))
         ->Put(QString::number(Show.ColourCorrection[Show.PatchEditElement][channel]));
+    return taken;
 }
 
 void frmElement::CheckForDuplicates(int channel) {
@@ -296,9 +306,11 @@ int frmElement::FirstFault() const {
     return first == faulty.end() ? 0 : static_cast<int>(first - faulty.begin());
 }
 
-// Without an element there is nothing to transfer, unless somebody has typed it.
+// Without an element there is nothing to transfer, unless somebody has typed it. When the click itself had a
+// number refused, what has come back in its place is not what somebody means to give to all.
 void frmElement::cmdColorCorrektion_Click() {
     CheckFocusedField();
+    if (std::exchange(refusedByTransfer, false)) return;
     PerChannel<std::uint8_t> corrections;
     bool nothingStands = true;
     for (int channel = 1; channel <= 4; ++channel) {

@@ -39,8 +39,9 @@ private:
     void cmdColorCorrektion_Click();
 
     void TakeElementNumber();
-    void TakeChannel(int channel);
-    void TakeCorrection(int channel);
+    bool TakeChannel(int channel);    // false when what was typed
+    bool TakeCorrection(int channel); // is put back
+    bool TransferIsPressed(int index) const;
     void CheckForDuplicates(int channel);
     void ShowFault(int channel, bool fault);
     int FirstFault() const;
@@ -49,8 +50,9 @@ private:
     void ShowStatus(std::string_view text);
 
     StatusLine* status;
-    std::array<bool, 5> faulty{}; // by channel: its field is red
-    bool following = false;       // comes to the front for a moment, without the user
+    std::array<bool, 5> faulty{};   // by channel: its field is red
+    bool following = false;         // comes to the front for a moment, without the user
+    bool refusedByTransfer = false; // pressing the transfer button had a number refused
 };
 
 } // namespace quorvane

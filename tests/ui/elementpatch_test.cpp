@@ -59,6 +59,20 @@ TEST_F(ElementPatch, ChannelIsStoredWhenItsFieldIsLeft) {
     EXPECT_TRUE(ConfigChanged());
 }
 
+TEST_F(ElementPatch, EnterAloneStoresNothing) {
+    StartWithElement(5);
+    for (const int index : {1, 5}) {
+        Replace(index, "48");
+        Key(Qt::Key_Return);
+        EXPECT_EQ(Shown(index), "48");
+    }
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(CorrectionOf(5)[0], 48);
+    Replace(6, "48");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(CorrectionOf(5)[1], 0);
+}
+
 TEST_F(ElementPatch, ChannelBeyondTheOutputIsRefusedWithABeep) {
     StartWithElement(5);
     Show.ChannelCount = 100;
@@ -253,6 +267,37 @@ TEST_F(ElementPatch, TransferTakesTypedValuesWithoutAnElementButNoEmptyFields) {
     Enter(8, "20");
     Click(Transfer());
     EXPECT_EQ(CorrectionOf(3), (Values{10, 0, 0, 20}));
+}
+
+TEST_F(ElementPatch, NumberRefusedByTheClickOnTransferKeepsThatClickFromTransferring) {
+    StartWithElement(5);
+    Show.ColourCorrection[3].Fill(9);
+    Enter(5, "7");
+    Replace(5, "300");
+    Click(Transfer());
+    EXPECT_EQ(CorrectionOf(3), (Values{9, 9, 9, 9}));
+    EXPECT_EQ(StatusText(), "Werte zwischen 0 und 255 .");
+    EXPECT_EQ(Shown(5), "7");
+    Replace(1, "0");
+    Click(Transfer());
+    EXPECT_EQ(CorrectionOf(3), (Values{9, 9, 9, 9}));
+    EXPECT_EQ(StatusText(), " Es gibt keinen DMX Kanal 0!");
+    Replace(5, "-1");
+    Transfer()->click(); // as a screen reader does, without moving the focus
+    EXPECT_EQ(CorrectionOf(3), (Values{9, 9, 9, 9}));
+    EXPECT_EQ(StatusText(), "Werte zwischen 0 und 255 .");
+    Click(Transfer());
+    EXPECT_EQ(CorrectionOf(3), (Values{7, 0, 0, 0}));
+}
+
+TEST_F(ElementPatch, TransferByKeyAfterARefusedNumberWasLeftGivesWhatStandsThere) {
+    StartWithElement(5);
+    Enter(8, "7");
+    Enter(8, "300");
+    EXPECT_TRUE(Transfer()->hasFocus());
+    EXPECT_EQ(StatusText(), "Werte zwischen 0 und 255 .");
+    Key(Qt::Key_Space);
+    EXPECT_EQ(CorrectionOf(3), (Values{0, 0, 0, 7}));
 }
 
 TEST_F(ElementPatch, OnlyAValueThatDiffersIsAChangeOfTheConfiguration) {

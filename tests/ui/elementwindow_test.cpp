@@ -250,6 +250,20 @@ TEST_F(ElementWindowTest, LeavingChecksWhatWasTypedLast) {
     EXPECT_EQ(Boxes.size(), 1u);
 }
 
+TEST_F(ElementWindowTest, RefusedChannelTypedLastIsPutBackWithABeepAndNothingIsAsked) {
+    StartWithElement(5);
+    for (const char* channel : {"513", "0"}) {
+        Beeps = 0;
+        Replace(2, channel);
+        Click(Leave());
+        EXPECT_EQ(PatchOf(5), (Values{17, 18, 19, 20})) << channel;
+        EXPECT_EQ(Beeps, 1);
+        EXPECT_TRUE(Boxes.empty());
+        EXPECT_FALSE(main->Element->isVisible());
+        OpenPatch();
+    }
+}
+
 TEST_F(ElementWindowTest, EndOfTheProgramAsksNothingAboutRedFields) {
     StartWithElement(5);
     Enter(2, "17");
