@@ -124,6 +124,7 @@ void TakeTurboFactor(std::string_view text, bool on) {
     ShowSequencerField(FactorField, Decimal(TypedNumber(text)));
     if (!on) return;
     Show.TurboFactor = TypedNumber(text);
+    // Steps that are recorded or shortened later are not checked again, on purpose.
     const auto candidate = TurboCandidate(Show.TurboFactor);
     if (!candidate) return;
     Show.TurboFactor = *candidate;

@@ -190,7 +190,15 @@ void frmControl::txtSequence_KeyUp(int index, int key) {
 }
 
 void frmControl::txtSequence_LostFocus(int index) {
-    if (txtSequence.at(At(index))->Edited()) TakeField(index);
+    if (txtSequence.at(At(index))->Edited())
+        TakeField(index);
+    else
+        WithdrawAdvice();
+}
+
+// What was advised against and is taken all the same needs no advice any more.
+void frmControl::WithdrawAdvice() {
+    if (advised) Screen.SequencerStatus("");
 }
 
 void frmControl::TakeField(int index) {
@@ -201,6 +209,7 @@ void frmControl::TakeField(int index) {
         TakeTurboFactor(text, chkFaktor->isChecked());
     else
         TakeSequencerField(index, text);
+    WithdrawAdvice();
 }
 
 void frmControl::cmdSequence_Click(int index) {

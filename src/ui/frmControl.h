@@ -45,6 +45,7 @@ private:
     void txtSequence_KeyUp(int index, int key);
     void txtSequence_LostFocus(int index);
     void TakeField(int index);
+    void WithdrawAdvice();
     void cmdSequence_Click(int index);
     void chkFaktor_Click();
     void DeleteSequence();

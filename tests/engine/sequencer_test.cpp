@@ -232,6 +232,12 @@ TEST_F(Sequencer, StopEndsPlaybackOnlyAndTheClockRunsOn) {
     EXPECT_EQ(Caption(), ": KMO DMX QUORVANE  ....stopped");
 }
 
+TEST_F(Sequencer, StopCaptionBeginsWithTheSystemsName) {
+    Show.CaptionPrefix = "Windows XP";
+    StopSequence();
+    EXPECT_EQ(Caption(), "Windows XP: KMO DMX QUORVANE  ....stopped");
+}
+
 TEST_F(Sequencer, StopNeedsNoSequence) {
     StopSequence();
     EXPECT_EQ(Status(), "Sequenzer gestoppt.");

@@ -62,16 +62,21 @@ TEST_F(SequencerFields, EveryTextIsTakenOrRefusedWithItsReason) {
 TEST_F(SequencerFields, AdviceWhileTypingHasWordsOfItsOwn) {
     MakeSequence(3, 1);
     for (const FieldCase& c : std::initializer_list<FieldCase>{
+             {StepField, "1", ""},
              {StepField, "3", ""},
              {StepField, "0", "Scene not contained in Sequence"},
              {StepField, "4", "Scene not contained in Sequence"},
              {BlendField, "4", "Nur Werte zwischen 5 und 65534 sind erlaubt."},
              {BlendField, "x", "Nur Werte zwischen 5 und 65534 sind erlaubt."},
              {BlendField, "5", ""},
+             {BlendField, "65534", ""},
              {BlendField, "65535", "Nur Werte zwischen 5 und 65534 sind erlaubt."},
              {HoldField, "0", "Nur Werte zwischen 1 und 65534 sind erlaubt."},
+             {HoldField, "1", ""},
              {HoldField, "65534", ""},
+             {HoldField, "65535", "Nur Werte zwischen 1 und 65534 sind erlaubt."},
              {FactorField, "0", "Turbofaktor darf zwischen 1 und 10.000 liegen"},
+             {FactorField, "1", ""},
              {FactorField, "10000", ""},
              {FactorField, "10001", "Turbofaktor darf zwischen 1 und 10.000 liegen"},
          })
@@ -119,6 +124,20 @@ TEST_F(SequencerFields, TimesAreStoredForTheStepThatTheStepFieldNames) {
     EXPECT_EQ(Show.SequencerField[HoldField], "7");
     EXPECT_EQ(BlendOf(1), 6);
     EXPECT_TRUE(Texts("status").empty());
+}
+
+TEST_F(SequencerFields, TimesAreStoredForTheCurrentStepWhenTheStepFieldNamesNone) {
+    MakeSequence(3, 2);
+    int hold = 10;
+    for (const char* named : {"", "0", "4", "-1", "x"}) {
+        ShowSequencerField(StepField, named);
+        TakeSequencerField(HoldField, std::to_string(++hold));
+        EXPECT_EQ(HoldOf(2), hold) << named;
+        TakeSequencerField(HoldField, "0");
+        EXPECT_EQ(Show.SequencerField[HoldField], std::to_string(hold)) << named;
+    }
+    EXPECT_EQ(HoldOf(1), 3);
+    EXPECT_EQ(HoldOf(3), 3);
 }
 
 TEST_F(SequencerFields, TimesAboveTheSignedRangeAreStoredAndShownWhole) {
@@ -190,6 +209,21 @@ TEST_F(SequencerFields, FactorAboveTenThousandIsTakenWhenTheStepsBearIt) {
     AddStep(1, 20000, 65534);
     TakeTurboFactor("12000", true);
     EXPECT_EQ(Show.TurboFactor, 12000);
+}
+
+TEST_F(SequencerFields, StepsShortenedOrRecordedAfterTheFactorAreNotCheckedAgainOnPurpose) {
+    AddStep(10, 100, 500);
+    ShowSequencerField(StepField, "1");
+    TakeTurboFactor("20", true);
+    TakeSequencerField(HoldField, "5");
+    TakeSequencerField(BlendField, "6");
+    AddStep(20, 2, 7);
+    EXPECT_EQ(Show.TurboFactor, 20);
+    EXPECT_EQ(Show.SequencerField[FactorField], "20");
+    for (const int step : {1, 2}) {
+        EXPECT_EQ(TurboHoldOf(step), 1);
+        EXPECT_EQ(TurboBlendOf(step), 5);
+    }
 }
 
 TEST_F(SequencerFields, FactorThatIsSwitchedOffIsOnlyChecked) {

@@ -24,6 +24,40 @@ TEST_F(SequencerWindowFields, AdviceFollowsDeletingOfDigitsToo) {
     EXPECT_EQ(StatusText(), "Nur Werte zwischen 1 und 65534 sind erlaubt.");
 }
 
+TEST_F(SequencerWindowFields, AdviceGoesWhenTheTextIsTakenWithoutAWord) {
+    Open();
+    MakeSequence(2);
+    for (const Qt::Key end : {Qt::Key_Tab, Qt::Key_Return}) {
+        Type(3, "10001");
+        EXPECT_EQ(StatusText(), "Turbofaktor darf zwischen 1 und 10.000 liegen");
+        QTest::keyClick(Text(3), end);
+        EXPECT_EQ(StatusText(), "");
+        EXPECT_EQ(Shown(3), "10001");
+    }
+}
+
+TEST_F(SequencerWindowFields, AdviceOnATextThatWasUndoneGoesWhenTheFieldIsLeft) {
+    Open();
+    MakeSequence(2);
+    Click(Text(1));
+    QTest::keyClicks(Text(1), "x");
+    EXPECT_EQ(StatusText(), "Nur Werte zwischen 5 und 65534 sind erlaubt.");
+    QTest::keyClick(Text(1), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Shown(1), "6");
+    Leave();
+    EXPECT_EQ(StatusText(), "");
+}
+
+TEST_F(SequencerWindowFields, OtherTextsStayWhenAFieldIsLeft) {
+    Open();
+    MakeSequence(2);
+    Type(2, "9");
+    Screen.SequencerStatus("vorher");
+    Leave();
+    EXPECT_EQ(HoldOf(1), 9);
+    EXPECT_EQ(StatusText(), "vorher");
+}
+
 TEST_F(SequencerWindowFields, KeysThatTypeNothingAdviseNothing) {
     Open();
     MakeSequence(2);

@@ -43,6 +43,7 @@ TEST_F(SequencerWindowTest, ControlsCarryTheirNamesTextsAndToolTips) {
     EXPECT_EQ(main->Control->lblSequence[1]->text(), "Blendezeit");
     EXPECT_EQ(main->Control->lblSequence[2]->text(), "Haltezeit");
     EXPECT_EQ(Factor()->text(), "Faktor");
+    EXPECT_EQ(Factor()->toolTip(), "Abspielgeschwindigkeit der Sequenz");
     EXPECT_FALSE(Factor()->isChecked());
     EXPECT_EQ(main->Control->windowTitle(), "SEQUENZER");
     EXPECT_EQ(Entry("mnuTransporter")->text(), "Sequenzer");
