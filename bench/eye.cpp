@@ -6,7 +6,7 @@
 //     picture WINDOW FILE       WIDTH HEIGHT of the window with its frame, or none
 //
 // The names are the object names. Menus and their entries stand alone, a dialog of the toolkit goes by its
-// class, and a button also by its caption behind "=".
+// class, and a button or a tab also by its caption behind "=".
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QPixmap>
 #include <QSocketNotifier>
+#include <QTabBar>
 #include <QTextStream>
 #include <QWidget>
 
@@ -65,11 +66,21 @@ QWidget* ControlOf(QWidget* window, const QString& name) {
     return nullptr;
 }
 
+std::optional<QRect> PlaceOfTab(const QWidget* window, const QString& name) {
+    for (const auto* tabs : window->findChildren<QTabBar*>())
+        for (int tab = 0; tabs->isVisible() && tab < tabs->count(); ++tab)
+            if ('=' + tabs->tabText(tab).remove('&') == name) return OnScreen(tabs, tabs->tabRect(tab));
+    return std::nullopt;
+}
+
 std::optional<QRect> PlaceOf(const QString& window, const QString& control) {
     if (control.isEmpty())
         if (const auto entry = PlaceOfEntry(window)) return entry;
     QWidget* widget = WidgetNamed(window);
-    if (widget && !control.isEmpty()) widget = ControlOf(widget, control);
+    if (widget && !control.isEmpty()) {
+        if (const auto tab = PlaceOfTab(widget, control)) return tab;
+        widget = ControlOf(widget, control);
+    }
     if (!widget) return std::nullopt;
     return OnScreen(widget, widget->rect());
 }

@@ -109,12 +109,13 @@ class Program:
             time.sleep(0.02)
         return place
 
-    def click(self, window, control="", at=(0.5, 0.5)):
+    def click(self, window, control="", at=(0.5, 0.5), number=1):
+        """number is the mouse button's."""
         x, y, width, height = self.wait(window, control)
         self.mouse.move(x + width * at[0], y + height * at[1])
-        self.mouse.button(1)
+        self.mouse.button(1, number)
         time.sleep(0.03)
-        self.mouse.button(0)
+        self.mouse.button(0, number)
         time.sleep(self.PAUSE)
 
     def choose(self, *entries):

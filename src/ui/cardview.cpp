@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -72,10 +73,10 @@ private:
     static constexpr int AddressWidth = 10; // characters, "Adr" and seven
     static constexpr int ByteWidth = 5;     // " :" and three
 
-    // Three figures stand below their digit, the separator before them.
+    // The last of three figures stands below the digit.
     static int ColumnOf(int byte) {
         constexpr std::string_view head = MemCardHeader;
-        return static_cast<int>(head.find(static_cast<char>('0' + byte))) - 3;
+        return static_cast<int>(head.find(static_cast<char>('0' + byte))) - 4;
     }
 
     static void Put(QPainter* painter, const QStyleOptionViewItem& option, int column, const QString& part) {
@@ -104,6 +105,9 @@ CardView::CardView() : lblKopf(new QLabel(MemCardHeader)), lstKarte(new QListVie
     lstKarte->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstKarte->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     lstKarte->setMinimumHeight(6 * lstKarte->fontMetrics().height());
+    lstKarte->setMinimumWidth(lstKarte->fontMetrics().horizontalAdvance(MemCardHeader) +
+                              2 * (lstKarte->frameWidth() + Margin) +
+                              lstKarte->verticalScrollBar()->sizeHint().width()); // a whole row
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

@@ -122,7 +122,7 @@ void frmElement::MakeFields() {
         auto* field = new Field(QString("txtElement(%1)").arg(index), text.AccessibleName);
         field->setToolTip(text.ToolTip);
         field->setAlignment(Qt::AlignRight);
-        field->setFixedWidth(field->fontMetrics().horizontalAdvance("000000") + 2 * Margin);
+        field->setMinimumWidth(field->fontMetrics().horizontalAdvance("000000") + 2 * Margin);
         field->KeyUp = [this, index](int key, const QString& typed) { txtElement_KeyUp(index, key, typed); };
         field->LostFocus = [this, index] { txtElement_LostFocus(index); };
         txtElement.at(At(index)) = field;
@@ -148,7 +148,8 @@ QLayout* frmElement::Arrangement() {
         grid->addWidget(txtElement.at(At(channel)), 3 + channel, 1);
         grid->addWidget(txtElement.at(At(White + channel)), 3 + channel, 2);
     }
-    grid->setColumnStretch(3, 1);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(2, 1);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Spacing);
     buttons->addWidget(cmdColorCorrektion);

@@ -31,7 +31,8 @@ constexpr int Margin = 16; // pixels
 constexpr int Spacing = 8;
 constexpr int PictureWidth = 360;
 constexpr int PictureHeight = 200;
-constexpr int TextLines = 6; // room for what is said of the driver
+constexpr int TextLines = 6;   // room for what is said of the driver
+constexpr int TextWidth = 420; // pixels
 
 constexpr std::array<Model, 5> models{{
     {"7300A/B", "7300A, 7300B-LC, 7300B", "ISA-Karte mit einem DMX-512-Ausgang", "7300b.jpg"},
@@ -97,6 +98,7 @@ QLayout* frmIFS::Arrangement() {
     lblBeschreibung->setWordWrap(true);
     lblTreiber->setWordWrap(true);
     lblTreiber->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblTreiber->setMinimumWidth(TextWidth);
     lblTreiber->setMinimumHeight(TextLines * lblTreiber->fontMetrics().lineSpacing());
     lblTreiber->setAccessibleName("Treiber auf diesem Rechner");
 

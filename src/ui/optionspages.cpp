@@ -57,7 +57,6 @@ template<class Button> Button* NamedButton(const QString& name, const char* capt
 QPushButton* PushButton(const char* name, const char* caption) {
     auto* button = NamedButton<QPushButton>(name, caption);
     button->setAutoDefault(true); // Enter presses the button that has the focus
-    button->setMinimumWidth(button->sizeHint().width() + 2 * Spacing);
     return button;
 }
 

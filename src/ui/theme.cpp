@@ -2,12 +2,50 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 namespace quorvane {
 
+namespace {
+
+// Fusion, where it is not at home in the dark.
+class DarkStyle : public QProxyStyle {
+public:
+    DarkStyle() : QProxyStyle("Fusion") {}
+
+    // A caption would touch the edges of its button; beside an icon it does not.
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        constexpr int room = 12; // pixels
+        const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const bool bare = type == CT_PushButton && button && button->icon.isNull();
+        return bare ? size + QSize(room, 0) : size;
+    }
+
+    // The shadow of a window's title would be light, and the signs on the buttons of an inactive window
+    // black.
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
+        if (control != CC_TitleBar || !bar) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        QStyleOptionTitleBar readable(*bar);
+        if (!(bar->titleBarState & State_Active))
+            readable.palette.setColor(QPalette::Highlight, bar->palette.color(QPalette::Button));
+        readable.palette.setColor(QPalette::Text, bar->palette.color(QPalette::Base));
+        readable.titleBarState |= State_Active;
+        QProxyStyle::drawComplexControl(control, &readable, painter, widget);
+    }
+};
+
+} // namespace
+
 void UseDarkTheme(QApplication& application) {
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new DarkStyle);
 
     const QColor text(0xd6, 0xd8, 0xdc);
     const QColor dimmed(0x7c, 0x80, 0x88);

@@ -198,6 +198,15 @@ TEST_F(MemoryCardWindow, ReadingShowsTheWholeCardInRowsOfTen) {
     });
 }
 
+TEST_F(MemoryCardWindow, OpensWideEnoughForAllTenBytesOfARow) {
+    Start(32768);
+    InWindow("mnuMemCardLaden", [this] {
+        const QListView* list = window->view->lstKarte;
+        const int row = list->fontMetrics().horizontalAdvance(window->view->lblKopf->text());
+        EXPECT_GT(list->viewport()->width(), row);
+    });
+}
+
 TEST_F(MemoryCardWindow, RowsAreReadAsTheyComeIntoView) {
     Start(1048576);
     InWindow("mnuMemCardLaden", [this] {
