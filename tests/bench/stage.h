@@ -13,6 +13,7 @@ namespace quorvane {
 class Stage : public Bench {
 protected:
     static constexpr int Base = 0x120;
+    static constexpr std::int16_t EveryInterface[] = {IsaCardB, IsaCardC, UsbInterface, PcmciaCard, PciCard};
 
     Stage();
 

@@ -13,14 +13,14 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Change = std::function<void(OutputSettings&)>;
 
-struct Case {
+struct ReadingCase {
     std::string Text;
     Change Expected; // what differs from the start values
     std::vector<std::string> Messages;
 };
 
-void Check(const std::vector<Case>& cases) {
-    for (const Case& each : cases) {
+void Check(const std::vector<ReadingCase>& cases) {
+    for (const ReadingCase& each : cases) {
         OutputSettings expected;
         each.Expected(expected);
         const OutputSettingsReading reading = ParseOutputSettings(each.Text);

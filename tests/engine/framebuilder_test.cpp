@@ -10,8 +10,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int16_t EveryInterface[] = {IsaCardB, IsaCardC, UsbInterface, PcmciaCard, PciCard};
-
 class FrameBuilder : public Stage {
 protected:
     // What the interface has after the frame went out.

@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::int16_t IsaTypes[] = {IsaCardB, IsaCardC};
 constexpr std::int16_t LibraryTypes[] = {UsbInterface, PcmciaCard, PciCard};
-constexpr std::int16_t EveryInterface[] = {IsaCardB, IsaCardC, UsbInterface, PcmciaCard, PciCard};
 
 std::vector<std::uint8_t> AllAt(int level) {
     return std::vector<std::uint8_t>(512, static_cast<std::uint8_t>(level));
