@@ -111,6 +111,18 @@ void ChildWindow::closeEvent(QCloseEvent* event) {
     Show.StatusFlags.Clear(openBit);
     front = false;
     event->accept();
+    HandOnFront();
+}
+
+// To the window that was in front before this one, so that the keys reach somebody.
+void ChildWindow::HandOnFront() {
+    QMdiArea* area = Frame()->mdiArea();
+    if (area->activeSubWindow() != Frame()) return;
+    const auto windows = area->subWindowList(QMdiArea::ActivationHistoryOrder); // the latest is the last
+    const auto before = std::find_if(windows.rbegin(), windows.rend(), [this](const QMdiSubWindow* window) {
+        return window != Frame() && window->isVisible();
+    });
+    if (before != windows.rend()) area->setActiveSubWindow(*before);
 }
 
 void ChildWindow::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }

@@ -40,7 +40,7 @@ protected:
     // back from another program.
     virtual void Form_Activate() {}
 
-    // Runs the check of the field that has the focus first.
+    // Runs the check of the field that has the focus first; hands the front on at the end.
     void closeEvent(QCloseEvent* event) override;
     // The main window's pop-up menu belongs to its free area and not to the windows inside.
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -49,6 +49,7 @@ private:
     void WantPlace();
     void ApplyPlace();
     QPoint FreePlace() const;
+    void HandOnFront();
 
     WindowNumber windowNumber;
     Status openBit;

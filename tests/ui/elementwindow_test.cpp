@@ -2,6 +2,7 @@
 #include "ui/elementbench.h"
 
 #include "model/screen.h"
+#include "ui/frmControl.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -313,6 +314,15 @@ TEST_F(ElementWindowTest, StoredSizeTooSmallForItsControlsIsMadeLarger) {
     OpenPatch();
     EXPECT_GE(main->Element->width(), main->Element->minimumSizeHint().width());
     EXPECT_GE(main->Element->height(), main->Element->minimumSizeHint().height());
+}
+
+TEST_F(ElementWindowTest, HandsTheKeysBackToTheWindowBeforeItWhenItCloses) {
+    StartWithElement(5);
+    main->Control->Open();
+    main->Element->Open();
+    ClosePatch();
+    EXPECT_EQ(Front(), main->Control->parentWidget());
+    EXPECT_TRUE(main->Control->isAncestorOf(main->focusWidget()));
 }
 
 } // namespace quorvane
