@@ -37,8 +37,9 @@ std::string Value(const fs::path& path, std::string_view group, std::string_view
         if (!inside || !line.starts_with(key)) continue;
         const auto rest = line.substr(key.size());
         const auto start = rest.find_first_not_of(' ');
-        if (start != std::string::npos && rest[start] == '=')
-            return rest.substr(rest.find_first_not_of("= "));
+        if (start == std::string::npos || rest[start] != '=') continue;
+        const auto value = rest.find_first_not_of("= ");
+        return value == std::string::npos ? std::string() : rest.substr(value);
     }
     return {};
 }

@@ -64,6 +64,15 @@ TEST_F(TextEditor, ThatIsNotInstalledOrNeedsATerminalIsPassedOver) {
     EXPECT_EQ(Found(), For("there"));
 }
 
+TEST_F(TextEditor, OfAnEntryWithoutAValueIsPassedOver) {
+    Install("there");
+    Write("share/applications/empty.desktop", "[Desktop Entry]\nExec=\nTerminal=\n");
+    Write("share/applications/blank.desktop", "[Desktop Entry]\nExec= \nTerminal = \n");
+    Choose("config/mimeapps.list", "");
+    Choose("etc/mimeapps.list", "empty.desktop;blank.desktop;there.desktop");
+    EXPECT_EQ(Found(), For("there"));
+}
+
 TEST_F(TextEditor, TakesTheFileWhereItsCommandSays) {
     Choose("config/mimeapps.list", "editor.desktop");
     struct Case {
