@@ -42,6 +42,17 @@ void RunEvents() {
     loop.exec();
 }
 
+// A fault in what is restored ends no program: it goes on with what stood before.
+bool Start(MDIHaupt& window) {
+    try {
+        return window.MDIForm_Load();
+    } catch (const std::exception& fault) {
+        ShowFault(fault);
+        window.show();
+        return true;
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -71,7 +82,7 @@ int main(int argc, char** argv) {
         QCoreApplication::processEvents();
         return !window.ClosePending();
     };
-    if (!window.MDIForm_Load()) return 1;
+    if (!Start(window)) return 1;
     // Not before: what has not been read yet must not be written.
     const QuitSignal quitSignal([&window] { window.CloseFromOutside(); });
     QTimer::singleShot(0, &window, [&outside] {

@@ -23,12 +23,15 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QContextMenuEvent>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QScreen>
+#include <QSessionManager>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -60,6 +63,10 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
     Dmx = AddChild<frmDMX>();
     Options = AddChild<frmOptions>();
     BuildMenus();
+    area->viewport()->installEventFilter(this);
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) {
+        if (!MayEndSession(session.allowsInteraction())) session.cancel();
+    });
     Wand->OpenEditMenu = [this](const QPoint& place) { mnuBearbeiten->popup(place); };
     FillScreen();
 }
@@ -195,7 +202,7 @@ void MDIHaupt::mnuHilfe_Click() {
 }
 
 bool MDIHaupt::MDIForm_QueryUnload() {
-    CheckFocusedField(); // what was typed last is asked about too
+    CheckFocusedField(this); // what was typed last is asked about too
     return MayClose();
 }
 
@@ -208,16 +215,17 @@ void MDIHaupt::MDIForm_Unload() {
     SaveINI();
 }
 
+// Refused until all is done: a fault on the way leaves the program open.
 void MDIHaupt::closeEvent(QCloseEvent* event) {
+    event->ignore();
     closePending = waiting;
     if (memoryCard) memoryCard->close();
-    if (closePending || !MDIForm_QueryUnload()) {
-        event->ignore();
-        return;
-    }
+    if (closePending || !MDIForm_QueryUnload()) return;
     MDIForm_Unload();
     event->accept();
 }
+
+bool MDIHaupt::MayEndSession(bool mayAsk) { return !mayAsk || MDIForm_QueryUnload(); }
 
 void MDIHaupt::CloseFromOutside() {
     QWidget* dialog = QApplication::activeModalWidget();
@@ -229,11 +237,13 @@ void MDIHaupt::CloseFromOutside() {
     QTimer::singleShot(0, this, [this] { CloseFromOutside(); });
 }
 
-// On the free area only: the menu bar and the status line have no such menu.
-void MDIHaupt::contextMenuEvent(QContextMenuEvent* event) {
-    const QWidget* free = area->viewport();
-    if (free->rect().contains(free->mapFromGlobal(event->globalPos())))
-        mnuBearbeiten->popup(event->globalPos());
+// On the free area only: the frames of the windows in it hand on what is pressed on them.
+bool MDIHaupt::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::MouseButtonPress) return QMainWindow::eventFilter(watched, event);
+    const auto* press = static_cast<QMouseEvent*>(event);
+    const bool free = !area->viewport()->childAt(press->position().toPoint());
+    if (free && press->button() == Qt::RightButton) mnuBearbeiten->popup(press->globalPosition().toPoint());
+    return false;
 }
 
 } // namespace quorvane

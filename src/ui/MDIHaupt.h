@@ -39,12 +39,16 @@ public:
     frmDMX* Dmx;
     frmOptions* Options;
 
+    // Asks about unsaved work at the end of the user's session, when there is still somebody to be asked.
+    // False when the session is to go on.
+    bool MayEndSession(bool mayAsk);
+
     // True once the user has asked for the program's end while a command was still waiting.
     bool ClosePending() const { return closePending; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildMenus();

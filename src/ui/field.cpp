@@ -1,6 +1,5 @@
 #include "ui/field.h"
 
-#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 
@@ -48,8 +47,8 @@ bool IsNumberText(const QString& typed) {
     return std::ranges::all_of(typed, [](QChar c) { return c >= QChar('.') && c <= QChar('9'); });
 }
 
-void CheckFocusedField() {
-    auto* field = dynamic_cast<Field*>(QApplication::focusWidget());
+void CheckFocusedField(const QWidget* window) {
+    auto* field = window ? dynamic_cast<Field*>(window->focusWidget()) : nullptr;
     if (field && field->LostFocus) field->LostFocus();
 }
 

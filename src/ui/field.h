@@ -2,6 +2,7 @@
 // again, and the focus moving on to something else in the program.
 #pragma once
 
+#include <QApplication>
 #include <QHash>
 #include <QLineEdit>
 
@@ -39,7 +40,8 @@ private:
 bool IsNumberText(const QString& typed);
 
 // Runs the check of the field that has the focus, as if the focus moved on: before a window closes and
-// before a button acts that was chosen by its access key.
-void CheckFocusedField();
+// before a button acts that was chosen by its access key. The window is to be named when another program
+// may be the active one.
+void CheckFocusedField(const QWidget* window = QApplication::activeWindow());
 
 } // namespace quorvane

@@ -1,58 +1,22 @@
 #include "ui/windowbench.h"
 
-#include "app/quitsignal.h"
 #include "model/screen.h"
 #include "model/wall.h"
+#include "ui/frmColor.h"
 #include "ui/frmWand.h"
 #include "ui/geometry.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 
-#include <csignal>
-
 namespace quorvane {
 
 using MainWindowTest = WindowBench;
-
-struct EntryCase {
-    const char* Menu;
-    const char* Name;
-    const char* Caption;
-};
-
-TEST_F(MainWindowTest, MenuCarriesNamesAndCaptionsLetterByLetter) {
-    StartProgram();
-    for (const EntryCase& expected :
-         std::initializer_list<EntryCase>{{"mnuDatei", "mnuKillWand", "Wand löschen"},
-                                          {"mnuLaden", "mnuConfigLaden", "Konfiguration"},
-                                          {"mnuLaden", "mnuSceneLaden", "Szene"},
-                                          {"mnuLaden", "mnuSequenceLaden", "Sequenz"},
-                                          {"mnuLaden", "mnuFarbTblLaden", "Farbtabelle"},
-                                          {"mnuSpeichern", "mnuConfigSpeichern", "&Konfiguration"},
-                                          {"mnuSpeichern", "mnuSceneSpeichern", "&Szene "},
-                                          {"mnuSpeichern", "mnuSequenceSpeichern", "Se&quenz"},
-                                          {"mnuSpeichern", "mnuFarbtblSpeichern", "&Farbtabelle"},
-                                          {"mnuSendSequence", "mnuSequenceToMerger", "zum Merger über DMX"},
-                                          {"mnuDatei", "mnuBeenden", "Be&enden"},
-                                          {"mnuBearbeiten", "mnuWand", "&Wand"},
-                                          {"mnuDMX", "mnuDMXInit", "Karte &initialisieren"},
-                                          {"mnuDMX", "mnuDMXStart", "DMX Start"},
-                                          {"mnuDMX", "mnuDMXStop", "DMX Stop"}}) {
-        QAction* entry = Entry(expected.Name);
-        ASSERT_NE(entry, nullptr);
-        EXPECT_EQ(entry->text().toStdString(), expected.Caption);
-        EXPECT_EQ(entry->parent()->objectName().toStdString(), expected.Menu);
-    }
-    EXPECT_EQ(main->findChild<QMenu*>("mnuDatei")->title().toStdString(), "&Datei");
-    EXPECT_EQ(main->findChild<QMenu*>("mnuLaden")->title().toStdString(), "Laden");
-    EXPECT_EQ(main->findChild<QMenu*>("mnuSpeichern")->title().toStdString(), "Speichern");
-    EXPECT_EQ(main->findChild<QMenu*>("mnuBearbeiten")->title().toStdString(), "&Bearbeiten");
-    EXPECT_EQ(main->findChild<QMenu*>("mnuDMX")->title().toStdString(), "&DMX");
-}
 
 TEST_F(MainWindowTest, DmxEntriesAreOnForTypeOneOnlyAtTheStart) {
     Settings["Interface/Type"] = "3";
@@ -76,18 +40,6 @@ TEST_F(MainWindowTest, StopEntryIsNotTickedWithoutACard) {
     EXPECT_FALSE(Entry("mnuDMXStop")->isChecked());
 }
 
-TEST_F(MainWindowTest, FirstStartShowsAnEmptyFrameInTheMiddleOfTheScreen) {
-    QFile::remove(Folder.filePath("QUORVANE.ini"));
-    Answer(QMessageBox::Ok);
-    StartProgram();
-    ASSERT_EQ(Boxes.size(), 1u);
-    EXPECT_EQ(Boxes[0].Text, "Fehler beim laden der QUORVANE.ini im Abschnitt [DMXINI]");
-    EXPECT_TRUE(main->isVisible());
-    EXPECT_GT(main->width(), 400);
-    EXPECT_FALSE(main->Wand->isVisible());
-    EXPECT_TRUE(main->screen()->availableGeometry().contains(main->geometry().center()));
-}
-
 TEST_F(MainWindowTest, WallIsRemovedUnlessTheAnswerIsNo) {
     StartProgram();
     Show.WallColumns = Show.WallRows = 2;
@@ -101,6 +53,26 @@ TEST_F(MainWindowTest, WallIsRemovedUnlessTheAnswerIsNo) {
     EXPECT_FALSE(Show.StatusFlags.Has(Status::WallExists));
     ASSERT_EQ(Boxes.size(), 2u);
     EXPECT_EQ(Boxes[0].Text, "Soll ich die Wand wirklich löschen?");
+    EXPECT_EQ(Boxes[0].Title, "QUORVANE");
+}
+
+TEST_F(MainWindowTest, QuestionAboutTheWallIsLeftWithNoByEscapeAndByItsCloseBox) {
+    StartProgram();
+    Show.WallColumns = Show.WallRows = 2;
+    NeueWandInit();
+    WhenAsked([](QDialog* asked) {
+        QStringList buttons;
+        for (const QAbstractButton* button : qobject_cast<QMessageBox*>(asked)->buttons())
+            buttons.append(button->text().remove('&'));
+        buttons.sort();
+        EXPECT_EQ(buttons, (QStringList{"Ja", "Nein"}));
+        QTest::keyClick(asked, Qt::Key_Escape);
+    });
+    Choose("mnuKillWand");
+    WhenAsked([](QDialog* asked) { asked->close(); });
+    Choose("mnuKillWand");
+    EXPECT_EQ(Boxes.size(), 2u);
+    EXPECT_EQ(Show.ElementCount, 4);
 }
 
 TEST_F(MainWindowTest, SequenceIsNotSentToThePlayUnitWithoutACard) {
@@ -120,29 +92,6 @@ TEST_F(MainWindowTest, RemovingTheWallAsksNothingWithoutOne) {
     EXPECT_TRUE(Boxes.empty());
 }
 
-TEST_F(MainWindowTest, CancelAtAQuestionKeepsTheProgramOpenWithTheSnapshotTaken) {
-    StartProgram();
-    Show.ChangeFlags.Set(Change::ConfigNew);
-    Answer(QMessageBox::Cancel);
-    EXPECT_FALSE(CloseProgram());
-    EXPECT_TRUE(main->isVisible());
-    EXPECT_EQ(Show.SavedFlags, Show.StatusFlags.bits);
-    EXPECT_EQ(Read("QUORVANE.ini"), "");
-}
-
-TEST_F(MainWindowTest, CloseKeepsTheStateOfTheWindowAndWritesTheSettings) {
-    StartProgram();
-    Show.WindowPos[MainWindow][PosState] = 2;
-    main->setGeometry(40, 50, 640, 480);
-    EXPECT_TRUE(CloseProgram());
-    EXPECT_EQ(Show.WindowPos[MainWindow][PosLeft], 600);
-    EXPECT_EQ(Show.WindowPos[MainWindow][PosTop], 750);
-    EXPECT_EQ(Show.WindowPos[MainWindow][PosWidth], 9600);
-    EXPECT_EQ(Show.WindowPos[MainWindow][PosHeight], 7200);
-    EXPECT_EQ(Show.WindowPos[MainWindow][PosState], 2);
-    EXPECT_EQ(Read("QUORVANE.ini").substr(0, 25), "ini-Datei von QUORVANE 98");
-}
-
 TEST_F(MainWindowTest, StoredPlaceIsKeptWhereItIsSeenAndCutToTheScreenWhereItIsLarger) {
     struct Case {
         QRect Stored;
@@ -160,6 +109,25 @@ TEST_F(MainWindowTest, StoredPlaceIsKeptWhereItIsSeenAndCutToTheScreenWhereItIsL
             EXPECT_EQ(main->geometry(), c.Stored);
         else
             EXPECT_TRUE(screen.contains(main->geometry())) << c.Stored.x() << " " << c.Stored.width();
+    }
+}
+
+TEST_F(MainWindowTest, StoredStateComesBack) {
+    struct Case {
+        int Stored;
+        Qt::WindowStates Shown;
+    };
+    for (const Case& c : {Case{0, Qt::WindowNoState}, Case{1, Qt::WindowMinimized},
+                          Case{2, Qt::WindowMaximized}, Case{7, Qt::WindowNoState}}) {
+        StartProgram();
+        Show.WindowPos[MainWindow][PosState] = c.Stored;
+        EXPECT_TRUE(CloseProgram());
+        Show = ShowState{};
+        main = std::make_unique<MDIHaupt>();
+        ASSERT_TRUE(main->MDIForm_Load());
+        EXPECT_TRUE(main->isVisible());
+        EXPECT_EQ(main->windowState() & (Qt::WindowMinimized | Qt::WindowMaximized), c.Shown) << c.Stored;
+        Write("QUORVANE.ini", "");
     }
 }
 
@@ -190,23 +158,29 @@ TEST_F(MainWindowTest, RightPressBesideTheFreeAreaOpensNothing) {
     }
 }
 
+TEST_F(MainWindowTest, RightPressOnAWindowsFrameOrGroundOpensNothingOfTheMainWindow) {
+    StartProgram();
+    main->Color->Open();
+    QTest::qWait(0);
+    auto* menu = main->findChild<QMenu*>("mnuBearbeiten");
+    const QWidget* frame = main->Color->parentWidget();
+    for (const QPoint& place : {QPoint(1, frame->height() / 2), QPoint(frame->width() / 2, 6),
+                                main->Color->mapTo(frame, QPoint(2, 2))}) {
+        // The title bar has a menu of its own, which runs until it is left.
+        QTimer::singleShot(0, frame, [menu] {
+            EXPECT_FALSE(menu->isVisible());
+            if (QWidget* own = QApplication::activePopupWidget()) own->close();
+        });
+        QTest::mouseClick(main->windowHandle(), Qt::RightButton, {}, frame->mapTo(main.get(), place));
+        QTest::qWait(0);
+        EXPECT_FALSE(menu->isVisible()) << place.x() << " " << place.y();
+    }
+}
+
 TEST_F(MainWindowTest, CaptionShowsAMarkOfTheToolkitAsItIs) {
     StartProgram();
     Screen.MainCaption("a [*] b");
     EXPECT_EQ(Caption(), "a [*][*] b"); // shown as "a [*] b"
-}
-
-TEST_F(MainWindowTest, SignalToEndClosesOpenDialogsThenTheProgramAndWritesTheSettings) {
-    StartProgram();
-    const QuitSignal quitSignal([this] { main->CloseFromOutside(); });
-    WhenAsked([](QDialog*) {
-        std::raise(SIGTERM);
-        QTest::qWait(0);
-    });
-    Answer(QMessageBox::Ok); // the cancelled file dialog says so
-    Choose("mnuFarbTblLaden");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !main->isVisible(); }));
-    EXPECT_EQ(Read("QUORVANE.ini").substr(0, 25), "ini-Datei von QUORVANE 98");
 }
 
 } // namespace quorvane

@@ -107,10 +107,6 @@ protected:
         Bus.Cards.clear();
     }
 
-    SimulatedBus Bus;
-    std::vector<std::vector<int>> CardFrames; // handed to the card driver library
-
-private:
     void PlugInCard(std::int16_t type) {
         SimulatedCard card;
         card.Model = type == IsaCardB ? CardModel::C7300A : CardModel::C7300C;
@@ -123,6 +119,11 @@ private:
             Bus.WritePort(port, value);
         };
     }
+
+    SimulatedBus Bus;
+    std::vector<std::vector<int>> CardFrames; // handed to the card driver library
+
+private:
     static std::string Named(const char* name, int index) {
         return std::string(name) + "(" + std::to_string(index) + ")";
     }

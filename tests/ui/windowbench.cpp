@@ -14,6 +14,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvane {
 
@@ -27,6 +28,7 @@ WindowBench::WindowBench() {
     Host.Beep = [this] { ++Beeps; };
     Host.DoEvents = [this, now = 0.0]() mutable {
         Host.Seconds = [now = now += 0.01] { return now; };
+        if (whileWaiting) std::exchange(whileWaiting, nullptr)();
         QCoreApplication::processEvents();
         return !main->ClosePending();
     };
@@ -49,6 +51,7 @@ WindowBench::WindowBench() {
 }
 
 WindowBench::~WindowBench() {
+    EXPECT_FALSE(whileWaiting) << "The program did not wait";
     EXPECT_TRUE(reactions.empty()) << "A dialog that was expected did not come";
     main.reset();
     Screen = ScreenCalls{};
@@ -145,7 +148,7 @@ void WindowBench::LookForDialog() {
     if (std::find(dialogs.begin(), dialogs.end(), modal) != dialogs.end()) return;
     dialogs.emplace_back(modal);
     if (auto* box = qobject_cast<QMessageBox*>(modal))
-        Boxes.push_back({box->windowTitle().toStdString(), box->text().toStdString()});
+        Boxes.push_back({box->windowTitle().toStdString(), box->text().toStdString(), box->icon()});
     if (reactions.empty()) {
         ADD_FAILURE() << "Nobody answered: " << modal->windowTitle().toStdString() << " "
                       << (Boxes.empty() ? "" : Boxes.back().Text);

@@ -28,6 +28,7 @@ namespace quorvane {
 struct SeenBox {
     std::string Title;
     std::string Text;
+    QMessageBox::Icon Sign;
 };
 
 class WindowBench : public testing::Test {
@@ -61,6 +62,9 @@ protected:
     // The next file dialog is given this name, or is cancelled when it is empty.
     void ChooseFile(const std::string& name);
 
+    // What happens once, when the program waits and lets events run.
+    void WhileWaiting(std::function<void()> act) { whileWaiting = std::move(act); }
+
     void Ticks(int count);
     void Write(const std::string& name, const std::string& bytes);
     std::string Read(const std::string& name);
@@ -81,6 +85,7 @@ private:
     QObject watch;                          // while it lives, dialogs are looked for
     std::vector<QPointer<QWidget>> dialogs; // already dealt with; one may stand before another
     std::deque<std::function<void(QDialog*)>> reactions;
+    std::function<void()> whileWaiting;
 };
 
 } // namespace quorvane
