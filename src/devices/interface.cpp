@@ -34,15 +34,20 @@ std::string_view ModelName(std::int16_t type) {
     case IsaCardB: return Show.CardState == CardRunsAlone ? "7300A / 7300B-LC" : "7300B";
     case IsaCardC: return "7300C";
     case UsbInterface: return UsbModelName();
-    case PcmciaCard: return "8300A";
-    case PciCard: return "7310PCI / 8310PCI";
     default: return "";
     }
 }
 
+// The selected type is the active one while it is open. Wherever either changes, this follows.
+void TakeActiveInterface() {
+    const std::int16_t selected = Show.InterfaceType;
+    Show.ActiveInterface = Show.InterfaceOpen[selected] == 1 ? selected : NoInterface;
+    Show.InterfaceName = ModelName(Show.ActiveInterface);
+}
+
 void MarkOpen(std::int16_t type) {
     Show.InterfaceOpen[type] = 1;
-    Show.InterfaceName = ModelName(type);
+    TakeActiveInterface();
 }
 
 // Loads an operating system, resets the card and takes what it reports then into CardState. False when
@@ -87,19 +92,6 @@ bool OpenCardC() {
     return true;
 }
 
-// The clock stands still meanwhile, so that no tick writes into a card that boots.
-void OpenIsaCard(std::int16_t type) {
-    const bool clockWasOn = Show.AutoXmit.Enabled;
-    Show.AutoXmit.Enabled = false;
-    Show.CardBase = FindCard();
-    if (!CardIsOpen() || !(type == IsaCardB ? OpenCardB() : OpenCardC())) {
-        ReportFailure(type);
-        return;
-    }
-    MarkOpen(type);
-    if (clockWasOn) EnableOutputClock();
-}
-
 void OpenUsb() {
     ShowStatus("USB DMX Interface not found"); // seen only while the library searches
     if (!OpenUsbInterface()) {
@@ -118,13 +110,15 @@ std::int16_t LastTypeTried() { return Show.NtFamily ? UsbInterface : PciCard; }
 
 bool IsIsaCard(std::int16_t type) { return type == IsaCardB || type == IsaCardC; }
 
-// The search may have tried the other card type on the same card since this one was found. True when the
-// card was opened again, or that was tried.
-bool ReopenAfterSearch(std::int16_t type) {
-    Show.InterfaceName = InterfaceReady(type) ? ModelName(type) : "";
+// Selects a type after a search, which may have tried the other type on the same card since. A card that is
+// wanted and does not run as this type is opened again; true then, also when that failed.
+bool SelectAfterSearch(std::int16_t type, bool wanted) {
+    Show.InterfaceType = type;
+    TakeActiveInterface();
     if (!IsIsaCard(type)) return false;
+    const bool runs = InterfaceReady(type) && CardRuns(type);
     if (!InterfaceReady(type)) Show.CardBase = 0; // a card of the other type is not driven as one of this
-    const bool reopen = InterfaceReady(type) && !CardRuns(type);
+    const bool reopen = wanted && !runs;
     if (reopen) OpenPort(type);
     return reopen;
 }
@@ -140,16 +134,31 @@ void OpenPort(std::int16_t type) {
     switch (type) {
     case NoInterface: ShowMessage("INTERFACE SELECT ERROR", Icon::Critical); break;
     case IsaCardB:
-    case IsaCardC: OpenIsaCard(type); break;
+    case IsaCardC: OpenCardAt(FindCard(), type); break;
     case UsbInterface: OpenUsb(); break;
     default: break; // PCMCIA and PCI cards are not opened, on purpose: frames just go to their library
     }
     Screen.RefreshMain();
 }
 
+// The clock stands still meanwhile, so that no tick writes into a card that boots.
+void OpenCardAt(std::int32_t base, std::int16_t type) {
+    Show.CardBase = base;
+    if (base != 0 && !CardIsOpen()) return; // deliberately silent; FindCard knows no such address
+    const bool clockWasOn = Show.AutoXmit.Enabled;
+    Show.AutoXmit.Enabled = false;
+    if (!CardIsOpen() || !(type == IsaCardB ? OpenCardB() : OpenCardC())) {
+        ReportFailure(type);
+        return;
+    }
+    MarkOpen(type);
+    if (clockWasOn) EnableOutputClock();
+}
+
 void ClosePort(std::int16_t type) {
     if (type == UsbInterface && Show.InterfaceOpen[UsbInterface] > 0) CloseUsbInterface();
     Show.InterfaceOpen[type] = 0;
+    TakeActiveInterface();
     ShowStatus(":  KMO DMX QUORVANE");
 }
 
@@ -158,7 +167,6 @@ void ReportFailure(std::int16_t type) {
     ClosePort(type);
     if (IsIsaCard(type)) Show.CardBase = 0;
     if (type == PcmciaCard || type == PciCard) Show.DriverHandle = 0;
-    Show.InterfaceName.clear();
     ShowStatus(": KMO DMX QUORVANE:  Interface Initialization failed");
 }
 
@@ -188,16 +196,19 @@ std::int16_t StoredInterfaceType() {
     return number && type >= NoInterface && type <= PciCard ? type : NoInterface;
 }
 
-void KeepInterface(bool clockWasOn) {
-    ReopenAfterSearch(Show.InterfaceType);
-    if (clockWasOn) EnableOutputClock();
+DrivingInterface PresentInterface() {
+    return {Show.InterfaceType, InterfaceReady(Show.InterfaceType), Show.AutoXmit.Enabled};
+}
+
+void KeepInterface(const DrivingInterface& before) {
+    SelectAfterSearch(before.Type, before.Ready);
+    const bool gone = before.Ready && !InterfaceReady(before.Type);
+    if (before.ClockOn && !gone) EnableOutputClock();
 }
 
 void ChooseInterface(std::int16_t type) {
-    Show.InterfaceType = type;
     const bool isa = IsIsaCard(type);
-    const bool reopen = ReopenAfterSearch(type);
-    Show.ActiveInterface = Show.InterfaceOpen[type] == 1 ? type : NoInterface;
+    const bool reopen = SelectAfterSearch(type, InterfaceReady(type));
     Host.WriteSetting("Interface", "Type", Decimal(type));
     if (type != NoInterface) Screen.ShowDmxEntries(isa);
     if (isa) Screen.EnableDmxEntries(true);
@@ -228,7 +239,6 @@ void DisableSecondInstance() {
     for (std::int16_t type = IsaCardB; type <= LastTypeTried(); ++type) ClosePort(type);
     // A sequence still plays on the wall; the stored choice is the other instance's too and stays.
     Show.InterfaceType = NoInterface;
-    Show.ActiveInterface = NoInterface;
 }
 
 void mnuDMXStart_Click() {

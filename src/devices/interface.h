@@ -11,6 +11,8 @@ namespace quorvane {
 // The output clock stands still while an ISA card boots; it goes on afterwards when the card was opened.
 // A second instance of the program opens nothing.
 void OpenPort(std::int16_t type);
+// The part of it for an ISA card that was looked for and found at base, 0 when it was not found.
+void OpenCardAt(std::int32_t base, std::int16_t type);
 void ClosePort(std::int16_t type);
 // Stops the output and clears what belongs to the type. InterfaceType keeps the selected type on purpose.
 void ReportFailure(std::int16_t type);
@@ -30,9 +32,16 @@ std::int16_t StoredInterfaceType();
 // begins here, that of ISA cards with DMX Start.
 void ChooseInterface(std::int16_t type);
 
-// The select dialog left without OK: the chosen type goes on as before the search, which has stopped the
-// clock and may have tried the other type on an ISA card.
-void KeepInterface(bool clockWasOn);
+// What drives the lamps.
+struct DrivingInterface {
+    std::int16_t Type;
+    bool Ready;
+    bool ClockOn;
+};
+DrivingInterface PresentInterface();
+// Brings back what drove before a search: the search stops the clock, may try the other type on an ISA card,
+// may drop the type, and may have been given up in the middle.
+void KeepInterface(const DrivingInterface& before);
 
 // Tries every interface in turn; true when the select dialog is to be shown then, false when the program
 // was closed meanwhile. In a second instance it tells the user, closes everything and gives false.

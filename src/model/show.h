@@ -157,7 +157,7 @@ struct ShowState {
     // Interface
     std::int16_t InterfaceType = NoInterface;
     std::int16_t PreviousInterfaceType = NoInterface; // as stored when the program started
-    std::int16_t ActiveInterface = NoInterface;       // the chosen type once it was found, else 0
+    std::int16_t ActiveInterface = NoInterface;       // InterfaceType while that is open, else 0
     Table<std::int16_t, 0, 5> InterfaceOpen;          // 1 while the interface of that type is open
     std::int32_t CardBase = 0;                        // I/O address of the ISA card
     std::int16_t CardState = 0;                       // what the ISA card reported after its reset

@@ -152,28 +152,38 @@ void MDIHaupt::mnuKillWand_Click() {
         RemoveWall();
 }
 
+// The search and the reopening of a card wait and let events run: nothing else is chosen meanwhile, and the
+// program's end comes when they have given up.
 void MDIHaupt::mnuDMXInit_Click() {
-    const bool clockWasOn = Show.AutoXmit.Enabled;
-    menuWidget()->setEnabled(false); // the search for interfaces waits and lets events run
-    waiting = true;
-    const bool choose = InitialiseInterfaces();
-    waiting = false;
-    if (choose && !closePending && frmIFS(this).exec() != QDialog::Accepted) {
-        waiting = true;
-        KeepInterface(clockWasOn);
-        waiting = false;
+    DrivingInterface driving = PresentInterface();
+    menuWidget()->setEnabled(false);
+    const auto menuOnAgain = qScopeGuard([this] { menuWidget()->setEnabled(true); });
+    bool choose = false;
+    Wait([&choose] { choose = InitialiseInterfaces(); });
+    if (choose) {
+        frmIFS dialog(this);
+        if (dialog.exec() == QDialog::Accepted) {
+            const std::int16_t type = dialog.SelectedType();
+            driving = {type, InterfaceReady(type), false};
+            Wait([type] { ChooseInterface(type); });
+        } else {
+            Wait([&driving] { KeepInterface(driving); });
+        }
     }
-    menuWidget()->setEnabled(true);
-    if (closePending) close();
+    while (closePending && !close()) // what was given up comes back when the user stays
+        Wait([&driving] { KeepInterface(driving); });
+}
+
+void MDIHaupt::Wait(const std::function<void()>& command) {
+    const QScopedValueRollback<bool> wait(waiting, true);
+    command();
 }
 
 // Closing the program ends the work on the card first, and then goes on as usual.
 void MDIHaupt::ShowMemoryCard(int command) {
     frmFiles window(this, static_cast<frmFiles::Command>(command));
     memoryCard = &window;
-    waiting = true;
-    window.exec();
-    waiting = false;
+    Wait([&window] { window.exec(); });
     memoryCard = nullptr;
     if (closePending) close();
 }

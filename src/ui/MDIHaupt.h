@@ -68,6 +68,7 @@ private:
     void mnuNeueWand_Click();
     void mnuKillWand_Click();
     void mnuDMXInit_Click();
+    void Wait(const std::function<void()>& command);
     void ShowMemoryCard(int command);
     void EnableForTransfer(bool runs);
     void EnableDmxEntries();

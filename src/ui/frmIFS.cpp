@@ -1,11 +1,11 @@
 #include "ui/frmIFS.h"
 
-#include "devices/interface.h"
 #include "devices/interfacetext.h"
 #include "devices/usbinterface.h"
 #include "model/show.h"
 #include "platform/host.h"
 #include "platform/programfolder.h"
+#include "ui/geometry.h"
 #include "ui/shown.h"
 
 #include <QHBoxLayout>
@@ -79,12 +79,17 @@ frmIFS::frmIFS(QWidget* parent)
     setLayout(Arrangement());
     connect(tabs_ifselect, &QTabBar::currentChanged, this,
             [this](int position) { tabs_ifselect_Click(position); });
-    connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
+    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdAbbrechen, &QPushButton::clicked, this, &QDialog::reject);
     cmdOK->setDefault(true);
     tabs_ifselect->setCurrentIndex(
         Show.InterfaceType >= IsaCardB && Show.InterfaceType <= PciCard ? Show.InterfaceType - 1 : 0);
     tabs_ifselect_Click(tabs_ifselect->currentIndex());
+    PlaceDialog(*this, InterfaceSelectWindow);
+}
+
+std::int16_t frmIFS::SelectedType() const {
+    return static_cast<std::int16_t>(tabs_ifselect->currentIndex() + 1);
 }
 
 QLayout* frmIFS::Arrangement() {
@@ -127,7 +132,7 @@ void frmIFS::tabs_ifselect_Click(int position) {
     const Model& model = models.at(static_cast<std::size_t>(position));
     lblModell->setText(model.Name);
     lblBeschreibung->setText(model.Description);
-    lblTreiber->setText(Shown(InterfaceText(static_cast<std::int16_t>(position + 1))));
+    lblTreiber->setText(Shown(InterfaceText(SelectedType())));
     ShowPicture(position);
 }
 
@@ -147,9 +152,9 @@ void frmIFS::ShowPicture(int position) {
     picModell->setPixmap(picture);
 }
 
-void frmIFS::cmdOK_Click() {
-    ChooseInterface(static_cast<std::int16_t>(tabs_ifselect->currentIndex() + 1));
-    accept();
+void frmIFS::done(int result) {
+    KeepDialogPlace(*this, InterfaceSelectWindow);
+    QDialog::done(result);
 }
 
 } // namespace quorvane

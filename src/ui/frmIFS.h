@@ -1,9 +1,10 @@
 // The interface select dialog: one tab for each kind of DMX interface, with its picture and with what stands
-// behind it on this machine. OK makes the chosen kind the program's interface; leaving it any other way
-// changes nothing.
+// behind it on this machine. It only asks: whoever opened it makes the chosen kind the program's interface.
 #pragma once
 
 #include <QDialog>
+
+#include <cstdint>
 
 class QLabel;
 class QLayout;
@@ -16,6 +17,8 @@ class frmIFS : public QDialog {
 public:
     explicit frmIFS(QWidget* parent);
 
+    std::int16_t SelectedType() const; // 1..5
+
     QTabBar* tabs_ifselect; // position 0..4 is interface type 1..5
     QLabel* picModell;      // the model's picture from the program folder, or its name in an empty frame
     QLabel* lblModell;
@@ -24,11 +27,13 @@ public:
     QPushButton* cmdOK;
     QPushButton* cmdAbbrechen;
 
+protected:
+    void done(int result) override;
+
 private:
     QLayout* Arrangement();
     void tabs_ifselect_Click(int position);
     void ShowPicture(int position);
-    void cmdOK_Click();
 };
 
 } // namespace quorvane

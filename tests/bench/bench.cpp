@@ -35,9 +35,9 @@ Bench::Bench() : ProgramFolder(FreshFolder()) {
         return true;
     };
     Host.Beep = [this] { Log.push_back({"beep", "", "", ""}); };
-    Host.MsgBox = [this](std::string_view text, Buttons buttons, std::string_view title, Icon) {
+    Host.MsgBox = [this](std::string_view text, Buttons buttons, std::string_view title, Icon icon) {
         const bool question = buttons != Buttons::Ok;
-        Log.push_back({question ? "question" : "box", std::string(text), "", std::string(title)});
+        Log.push_back({question ? "question" : "box", std::string(text), "", std::string(title), icon});
         if (!question) return Answer::Ok;
         if (Answers.empty()) {
             ADD_FAILURE() << "Nobody answered: " << text;

@@ -21,10 +21,11 @@ namespace quorvane {
 
 // One thing that a user would have noticed, in the order it happened.
 struct Noticed {
-    std::string Kind;   // "box", "question", "open", "save", "beep", "status", "caption"
-    std::string Text;   // of a box, status line or caption; a dialog's title
-    std::string Window; // of a status line or caption: "MDIHaupt", "frmWand", "frmControl", "frmColor"
-    std::string Title;  // of a box
+    std::string Kind;       // "box", "question", "open", "save", "beep", "status", "caption"
+    std::string Text;       // of a box, status line or caption; a dialog's title
+    std::string Window;     // of a status line or caption: "MDIHaupt", "frmWand", "frmControl", "frmColor"
+    std::string Title;      // of a box
+    Icon Sign = Icon::None; // of a box
     bool operator==(const Noticed&) const = default;
 };
 

@@ -121,7 +121,7 @@ TEST_F(CardImages, LongerSequenceIsWrittenInPartAfterAQuestion) {
               (Noticed{"question",
                        "Sequenz kann nicht komplett auf die Memorykarte gespeichert werden.Soll so ich "
                        "bis 60 Scenen abspeichern?",
-                       "", "SAVE OPTIONS"}));
+                       "", "SAVE OPTIONS", Icon::Question}));
 }
 
 TEST_F(CardImages, NothingIsWrittenWhenTheUserDoesNotWantAPart) {

@@ -33,6 +33,20 @@ protected:
         ChooseInterface(type);
     }
 
+    // What a command does, in order, each with the clock as it is then.
+    void NoteTheOrder() {
+        Show.CaptionPrefix.clear();
+        const auto note = [this](std::string_view what) {
+            Entries.push_back(std::string(what) + (Show.AutoXmit.Enabled ? ", clock on" : ", clock off"));
+        };
+        Host.DlPortReadPortUchar = [note](std::uint32_t) {
+            note("strobe");
+            return std::uint8_t{0};
+        };
+        Screen.MainCaption = note;
+        Screen.CheckDmxStop = [note](bool stopped) { note(stopped ? "stopped" : "running"); };
+    }
+
     int UsbKindFound = 0;
     std::vector<int> UsbCommands;
     TextList Entries;
@@ -139,14 +153,12 @@ TEST_F(DmxMenu, OutputOfTheChosenLibraryInterfaceBeginsAtOnce) {
     EXPECT_FALSE(Show.AutoXmit.Enabled) << "a transfer runs";
 }
 
-TEST_F(DmxMenu, ChoiceNamesTheInterface) {
+TEST_F(DmxMenu, ActiveInterfaceIsNamed) {
     UsbKindFound = 13;
     InitialiseAndChoose(UsbInterface);
     EXPECT_EQ(Show.InterfaceName, "USBLINK2");
-    InitialiseAndChoose(PcmciaCard);
-    EXPECT_EQ(Show.InterfaceName, "8300A");
     InitialiseAndChoose(PciCard);
-    EXPECT_EQ(Show.InterfaceName, "7310PCI / 8310PCI");
+    EXPECT_EQ(Show.InterfaceName, "") << "never opened";
     PlugIn(CardModel::C7300BLC);
     InitialiseAndChoose(IsaCardB);
     EXPECT_EQ(Show.InterfaceName, "7300A / 7300B-LC");
@@ -190,15 +202,21 @@ TEST_F(DmxMenu, StopTakesTheOppositeDirectionsOfStart) {
     EXPECT_EQ(Trace, (std::vector<PortAccess>{{'r', 0x160, 0}}));
 }
 
-TEST_F(DmxMenu, StopStopsTheClockBeforeItTouchesTheCard) {
+TEST_F(DmxMenu, StartStrobesThenTurnsTheClockOnThenSaysSo) {
+    Show.InterfaceType = IsaCardB;
+    Show.CardBase = 0x140;
+    NoteTheOrder();
+    mnuDMXStart_Click();
+    EXPECT_EQ(Entries, (TextList{"strobe, clock off", "running, clock on", Started + ", clock on"}));
+}
+
+TEST_F(DmxMenu, StopTurnsTheClockOffAndSaysSoThenStrobesThenTicksTheEntry) {
     Show.InterfaceType = IsaCardC;
     Show.CardBase = 0x160;
     Show.AutoXmit.Enabled = true;
-    Host.DlPortReadPortUchar = [](std::uint32_t) {
-        EXPECT_FALSE(Show.AutoXmit.Enabled);
-        return std::uint8_t{0};
-    };
+    NoteTheOrder();
     mnuDMXStop_Click();
+    EXPECT_EQ(Entries, (TextList{Stopped + ", clock off", "strobe, clock off", "stopped, clock off"}));
 }
 
 TEST_F(DmxMenu, StartAndStopChangeNothingWithoutAnIsaCard) {
@@ -242,7 +260,7 @@ TEST_F(DmxMenu, SecondInstanceIsToldAndOpensNothing) {
     EXPECT_FALSE(InitialiseInterfaces());
     ASSERT_GE(Log.size(), 2u);
     EXPECT_EQ(Log[0].Kind, "beep");
-    EXPECT_EQ(Log[1], (Noticed{"box", SecondTime, "", "DMX QUORVANE"}));
+    EXPECT_EQ(Log[1], (Noticed{"box", SecondTime, "", "DMX QUORVANE", Icon::Exclamation}));
     EXPECT_EQ(Entries, TextList{"off"});
     EXPECT_EQ(UsbCommands, std::vector<int>{2});
     EXPECT_TRUE(Trace.empty());

@@ -53,6 +53,7 @@ TEST_F(OpenIsaCard, CardThatRunsAloneTakesOneUploadAndKeepsTheParameterBlock) {
         EXPECT_EQ(Captions(), (TextList{Searching, "7300A / 7300B-LC card found at address 100h"}));
         EXPECT_EQ(Bus.Cards[0].Boots, 1);
         EXPECT_EQ(Show.InterfaceOpen[IsaCardB], 1);
+        EXPECT_EQ(Show.ActiveInterface, IsaCardB);
         EXPECT_EQ(Show.CardState, 128);
         EXPECT_EQ(Show.InterfaceName, "7300A / 7300B-LC");
         EXPECT_EQ(Show.DmxIniDirty, 0);
@@ -261,6 +262,18 @@ TEST_F(OpenIsaCard, CardIsOutOfReachWhileItBootsWhoeverEnablesTheClock) {
     EXPECT_TRUE(Show.AutoXmit.Enabled);
 }
 
+TEST_F(OpenIsaCard, AddressBelowThoseOfCardsIsPassedOverWithoutAWord) {
+    for (const std::int32_t base : {1, 255}) {
+        Show.AutoXmit.Enabled = true;
+        OpenCardAt(base, IsaCardB);
+        EXPECT_EQ(Show.CardBase, base);
+        EXPECT_TRUE(Show.AutoXmit.Enabled) << "nothing further happens";
+    }
+    EXPECT_TRUE(Log.empty());
+    EXPECT_TRUE(Trace.empty());
+    EXPECT_EQ(Show.InterfaceOpen[IsaCardB], 0);
+}
+
 TEST_F(OpenIsaCard, GivesUpWhenTheProgramIsClosedMeanwhile) {
     PlugIn(CardModel::C7300B);
     Host.DoEvents = [] { return false; };
@@ -284,6 +297,7 @@ TEST_F(OpenOtherTypes, TypeNoneIsAnErrorBoxAndTouchesNothing) {
     EXPECT_EQ(Captions(), TextList{Searching});
     EXPECT_EQ(Texts("box"), TextList{"INTERFACE SELECT ERROR"});
     EXPECT_EQ(Log.back().Title, "QUORVANE");
+    EXPECT_EQ(Log.back().Sign, Icon::Critical);
     EXPECT_TRUE(Show.AutoXmit.Enabled);
     EXPECT_TRUE(Trace.empty());
     EXPECT_FALSE(InterfaceReady(NoInterface));
@@ -363,10 +377,12 @@ TEST_F(Close, FailureClearsWhatBelongsToItsTypeAndKeepsTheSelectedOne) {
         Show.CardBase = 0x140;
         Show.DriverHandle = 77;
         Show.InterfaceName = "X";
+        Show.ActiveInterface = type;
         ReportFailure(type);
         EXPECT_EQ(Show.CardBase, type <= IsaCardC ? 0 : 0x140) << type;
         EXPECT_EQ(Show.DriverHandle, type >= PcmciaCard ? 0 : 77) << type;
         EXPECT_EQ(Show.InterfaceName, "") << type;
+        EXPECT_EQ(Show.ActiveInterface, NoInterface) << type;
         EXPECT_EQ(Show.InterfaceType, type);
         for (std::int16_t other = NoInterface; other <= PciCard; ++other)
             EXPECT_EQ(Show.InterfaceOpen[other], other == type ? 0 : 1);

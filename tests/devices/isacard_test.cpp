@@ -132,7 +132,7 @@ TEST_F(IsaCard, MissingFileIsToldWithItsPathAndClosesTheCard) {
     auto path = ProgramFolder / "QRADMX12.BIN";
     EXPECT_EQ(Log,
               (std::vector<Noticed>{{"box", "Card OS file " + path.make_preferred().string() + " is missing",
-                                     "", "DATA TRANSFER ERROR"}}));
+                                     "", "DATA TRANSFER ERROR", Icon::Critical}}));
     EXPECT_EQ(Show.CardBase, 0);
     EXPECT_EQ(Show.InterfaceType, IsaCardB);
 }
@@ -143,8 +143,8 @@ TEST_F(IsaCard, UnreadableFileIsToldByNameAndDropsTheInterfaceType) {
     PlugIn(CardModel::C7300C);
     Settings["Interface/Type"] = "2";
     UploadCardOs("QRTDMX17.BIN");
-    EXPECT_EQ(Log, (std::vector<Noticed>{
-                       {"box", "Error while reading OS file QRTDMX17.BIN", "", "DATA TRANSFER ERROR"}}));
+    EXPECT_EQ(Log, (std::vector<Noticed>{{"box", "Error while reading OS file QRTDMX17.BIN", "",
+                                          "DATA TRANSFER ERROR", Icon::Critical}}));
     EXPECT_EQ(Show.CardBase, 0);
     EXPECT_EQ(Show.InterfaceType, NoInterface);
     EXPECT_EQ(Settings["Interface/Type"], "2");

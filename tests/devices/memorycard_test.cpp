@@ -176,7 +176,7 @@ TEST_F(MemoryCard, LargerThanTheLargestIsTwiceItAndUnknown) {
                                         {"box",
                                          "Fehler beim erkennen der Memorykarte. Karte könnte defekt sein "
                                          "oder grösser als 1MB!",
-                                         "", "QUORVANE"}}));
+                                         "", "QUORVANE", Icon::Exclamation}}));
     }
 }
 
@@ -191,7 +191,7 @@ TEST_F(MemoryCard, EveryStuckAddressLineIsFound) {
                                              {"box",
                                               "E/A -Fehler. Bitte überprüfen Sie ob eine andere Karte auf "
                                               "Adresse 512 ist.",
-                                              "", "QUORVANE"}}));
+                                              "", "QUORVANE", Icon::Exclamation}}));
     }
 }
 

@@ -24,7 +24,7 @@ TEST_F(PlayUnit, TransferIsRefusedWithoutACard) {
                                         {"box",
                                          "Ohne Karte kann nicht gesendet werden.\nBitte installieren Sie "
                                          "eine DMX-Interfacekarte 7300B",
-                                         "", "QUORVANE"}}));
+                                         "", "QUORVANE", Icon::Exclamation}}));
         EXPECT_EQ(PaintedElements, (std::vector<int>{0, 1}));
         EXPECT_EQ(Show.CurrentStep, 2) << "a sequence on another interface is not moved on";
         EXPECT_FALSE(Show.timSendToMerger.Enabled);

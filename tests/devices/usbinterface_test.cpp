@@ -25,6 +25,7 @@ protected:
 };
 
 TEST_F(Usb, KindsOneToThreeAndTenToThirteenAreKnownAndNoOther) {
+    Show.InterfaceType = UsbInterface;
     for (int kind = -1; kind <= 20; ++kind) {
         Log.clear();
         Calls.clear();

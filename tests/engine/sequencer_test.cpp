@@ -98,7 +98,7 @@ TEST_F(Sequencer, TheTwoHundredFiftyFirstSceneIsRefused) {
     EXPECT_EQ(Log,
               (std::vector<Noticed>{
                   {"box", "In dieser Programmversion sind maximal 250 Schritte in einer Sequenz möglich.", "",
-                   "QUORVANE"}}));
+                   "QUORVANE", Icon::Exclamation}}));
 }
 
 TEST_F(Sequencer, LongSequenceFromAFileIsRefusedTheSameAtItsEnd) {

@@ -4,6 +4,7 @@
 #include "devices/interface.h"
 #include "engine/outputclock.h"
 #include "files/lifecycle.h"
+#include "files/settingsfile.h"
 
 #include <optional>
 
@@ -78,11 +79,6 @@ protected:
         return lit;
     }
     static std::vector<int> Open() { return {Show.InterfaceOpen.begin(), Show.InterfaceOpen.end()}; }
-    // PCMCIA and PCI cards are named although nobody looks for them.
-    static std::string ModelWithoutSearch(std::int16_t type) {
-        if (type == PcmciaCard) return "8300A";
-        return type == PciCard ? "7310PCI / 8310PCI" : "";
-    }
     std::string Caption() const { return LastText("caption", "MDIHaupt"); }
 
     int usbLevel = 0;
@@ -100,12 +96,36 @@ TEST_F(Interfaces, StartOpensTheStoredOneAndNothingElse) {
             EXPECT_EQ(Open(), open);
             EXPECT_EQ(Show.InterfaceType, stored);
             EXPECT_EQ(Settings["Interface/Type"], std::to_string(stored));
+            EXPECT_EQ(Show.ActiveInterface, machine.Has(stored) ? stored : NoInterface);
             const bool library = stored == PcmciaCard || stored == PciCard;
             EXPECT_EQ(Show.AutoXmit.Enabled, machine.Has(stored) || library);
             const std::vector<int> lit =
                 machine.Has(stored) || library ? std::vector<int>{stored} : std::vector<int>{};
             EXPECT_EQ(Lit(), lit);
         }
+}
+
+TEST_F(Interfaces, StartSetsDefaultsThenTheEntriesThenOpensTheCardThenReadsItsParameters) {
+    PutTogether({CardModel::C7300B, true, 0});
+    Settings["Interface/Type"] = "1";
+    ASSERT_TRUE(StartProgram());
+    for (int word = 0; word <= 15; ++word) Show.DmxIni[word] = static_cast<std::int16_t>(30 + word);
+    SaveINI();
+    Show = ShowState{};
+    std::vector<std::string> order;
+    Screen.EnableDmxEntries = [&order](bool) {
+        EXPECT_EQ(Show.SequenceTimes[1][BlendTime], 50) << "defaults come first";
+        order.emplace_back("entries");
+    };
+    Screen.MainCaption = [&order](std::string_view text) { order.emplace_back(text); };
+    Screen.PlaceMain = [&order] { order.emplace_back("settings"); };
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(order,
+              (std::vector<std::string>{": KMO DMX QUORVANE  Ver V 1.21", "entries", Searching,
+                                        "QUORVANE: HALVENOR 7300B card found at address140h", "settings"}));
+    EXPECT_EQ(Show.DmxIni[0], 30) << "not the 60 that opening the card has set";
+    EXPECT_EQ(Show.DmxIni[15], 45);
+    EXPECT_EQ(Show.DmxIniDirty, 1);
 }
 
 TEST_F(Interfaces, StartSaysInTheCaptionWhatBecameOfTheStoredOne) {
@@ -154,7 +174,7 @@ TEST_F(Interfaces, InitialisingFindsAllThatIsThereAndOkBringsLight) {
             EXPECT_EQ(Settings["Interface/Type"], std::to_string(chosen));
             const bool isa = chosen <= IsaCardC;
             const bool library = chosen >= PcmciaCard;
-            EXPECT_EQ(Show.InterfaceName.empty(), !machine.Has(chosen) && !library);
+            EXPECT_EQ(Show.InterfaceName.empty(), !machine.Has(chosen));
             EXPECT_EQ(Show.AutoXmit.Enabled, library || (!isa && machine.Has(chosen)));
             mnuDMXStart_Click();
             const bool light = library || machine.Has(chosen);
@@ -167,26 +187,81 @@ TEST_F(Interfaces, InitialisingAndLeavingWithoutOkKeepsTheLight) {
         for (std::int16_t present = NoInterface; present <= PciCard; ++present) {
             SCOPED_TRACE(machine.Text() + ", present " + std::to_string(present));
             Start(machine, present);
-            const bool clockWasOn = Show.AutoXmit.Enabled;
+            const DrivingInterface before = PresentInterface();
             const std::vector<int> lit = Lit();
             const std::string name = Show.InterfaceName;
             ASSERT_TRUE(InitialiseInterfaces());
             EXPECT_EQ(Show.InterfaceType, present);
-            KeepInterface(clockWasOn);
-            EXPECT_EQ(Show.AutoXmit.Enabled, clockWasOn);
+            KeepInterface(before);
+            EXPECT_EQ(Show.AutoXmit.Enabled, before.ClockOn);
+            EXPECT_EQ(Show.ActiveInterface, machine.Has(present) ? present : NoInterface);
             EXPECT_EQ(Lit(), lit);
-            EXPECT_EQ(Show.InterfaceName, machine.Has(present) ? name : ModelWithoutSearch(present));
+            EXPECT_EQ(Show.InterfaceName, name);
         }
 }
 
 TEST_F(Interfaces, StoppedOutputStaysStoppedWhenTheDialogIsLeftWithoutOk) {
     Start({CardModel::C7300B, true, 0}, IsaCardB);
     mnuDMXStop_Click();
+    const DrivingInterface before = PresentInterface();
     ASSERT_TRUE(InitialiseInterfaces());
-    KeepInterface(false);
+    KeepInterface(before);
     EXPECT_FALSE(Show.AutoXmit.Enabled);
     mnuDMXStart_Click();
     EXPECT_EQ(Lit(), std::vector<int>{IsaCardB});
+}
+
+TEST_F(Interfaces, SearchGivenUpInTheMiddleAndLeftKeepsTheLight) {
+    const auto serve = Host.DoEvents;
+    for (const Machine& machine : Machines())
+        for (std::int16_t present = NoInterface; present <= PciCard; ++present) {
+            SCOPED_TRACE(machine.Text() + ", present " + std::to_string(present));
+            Start(machine, present);
+            const DrivingInterface before = PresentInterface();
+            const std::vector<int> lit = Lit();
+            Host.DoEvents = [] { return false; };
+            EXPECT_FALSE(InitialiseInterfaces());
+            Host.DoEvents = serve;
+            KeepInterface(before);
+            EXPECT_EQ(Show.AutoXmit.Enabled, before.ClockOn);
+            EXPECT_EQ(Lit(), lit);
+            EXPECT_EQ(Show.ActiveInterface, machine.Has(present) ? present : NoInterface);
+        }
+}
+
+TEST_F(Interfaces, UnreadableFirmwareOfAnotherKindDropsNothingThatRan) {
+    struct Case {
+        Machine machine;
+        std::int16_t present;
+        const char* unreadable;
+    };
+    for (const Case& c : {Case{{CardModel::C7300A, true, 12}, UsbInterface, "QRADMX12.BIN"},
+                          Case{{CardModel::C7300A, true, 0}, IsaCardB, "QRTDMX17.BIN"},
+                          Case{{CardModel::C7300C, true, 0}, IsaCardC, "QRADMX12.BIN"}}) {
+        SCOPED_TRACE(c.unreadable);
+        Start(c.machine, c.present);
+        std::filesystem::remove(ProgramFolder / c.unreadable);
+        std::filesystem::create_directory(ProgramFolder / c.unreadable);
+        const DrivingInterface before = PresentInterface();
+        ASSERT_TRUE(InitialiseInterfaces());
+        KeepInterface(before);
+        EXPECT_EQ(Show.InterfaceType, c.present);
+        EXPECT_EQ(Show.ActiveInterface, c.present);
+        EXPECT_EQ(Lit(), std::vector<int>{c.present});
+    }
+}
+
+TEST_F(Interfaces, ClockStaysOffWhenTheInterfaceIsGoneAndTheDialogIsLeftWithoutOk) {
+    for (const std::int16_t present : {IsaCardB, UsbInterface}) {
+        Start({CardModel::C7300A, true, 12}, present);
+        const DrivingInterface before = PresentInterface();
+        Bus.Cards.clear();
+        Host.DasHardCommand = [](std::int32_t, std::int32_t, std::uint8_t*) { return 0; };
+        ASSERT_TRUE(InitialiseInterfaces());
+        KeepInterface(before);
+        EXPECT_FALSE(Show.AutoXmit.Enabled) << present;
+        EXPECT_EQ(Show.ActiveInterface, NoInterface) << present;
+    }
 }
 
 TEST_F(Interfaces, InterfaceThatWasPulledOutIsGoneAfterInitialising) {

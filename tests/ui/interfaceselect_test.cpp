@@ -71,9 +71,13 @@ TEST_F(InterfaceSelectTest, EachTabHasItsModelAndItsText) {
     LookAtTabs();
     const std::vector<std::string> models{"7300A, 7300B-LC, 7300B", "7300C", "USBLINK1, USBLINK2", "8300A",
                                           "7310PCI, 8310PCI"};
+    const std::vector<std::string> descriptions{
+        "ISA-Karte mit einem DMX-512-Ausgang", "ISA-Karte mit einem DMX-512-Ausgang, neuere Bauform",
+        "USB-Interface oder eingebaute Netzwerkausgabe (sACN, Art-Net)", "PCMCIA-Karte für tragbare Rechner",
+        "PCI-Karte"};
     for (std::size_t tab = 0; tab < 5; ++tab) {
         EXPECT_EQ(shownTabs[tab].Model, models[tab]);
-        EXPECT_NE(shownTabs[tab].Description, "");
+        EXPECT_EQ(shownTabs[tab].Description, descriptions[tab]);
         EXPECT_NE(shownTabs[tab].Driver, "");
     }
 }
@@ -170,6 +174,30 @@ TEST_F(InterfaceSelectTest, LeavingWithoutOkChangesNothing) {
     LookAtTabs(); // and its close box
     EXPECT_EQ(Show.InterfaceType, UsbInterface);
     EXPECT_EQ(Settings["Interface/Type"], "3");
+}
+
+TEST_F(InterfaceSelectTest, FirstTabIsShownWithoutAnInterface) {
+    Settings["Interface/Type"] = "0";
+    Answer(QMessageBox::Ok);
+    StartProgram();
+    Initialise(2, "cmdAbbrechen");
+    EXPECT_EQ(firstTab, 0);
+}
+
+TEST_F(InterfaceSelectTest, PlaceIsKeptForTheNextTime) {
+    StartProgram();
+    const QRect place(120, 90, 640, 560);
+    WhenAsked([place](QDialog* asked) {
+        asked->setGeometry(place);
+        asked->close();
+    });
+    Choose("mnuDMXInit");
+    EXPECT_EQ(Show.WindowPos[InterfaceSelectWindow][PosLeft], 120 * 15);
+    WhenAsked([place](QDialog* asked) {
+        EXPECT_EQ(asked->geometry(), place);
+        asked->close();
+    });
+    Choose("mnuDMXInit");
 }
 
 TEST_F(InterfaceSelectTest, FoundUsbInterfaceBecomesActiveAndRunsAtOnce) {
