@@ -87,6 +87,15 @@ TEST_F(Lifecycle, OutputClockRunsAfterAnInterfaceOpened) {
     EXPECT_EQ(Show.PreviousInterfaceType, 3);
 }
 
+TEST_F(Lifecycle, FirstStartTellsOfTheInterfaceThenOfTheSettings) {
+    Settings.clear();
+    std::filesystem::remove(ProgramFolder / "QUORVANE.ini");
+    ASSERT_TRUE(StartProgram());
+    EXPECT_EQ(Texts("box"),
+              (std::vector<std::string>{"INTERFACE SELECT ERROR",
+                                        "Fehler beim laden der QUORVANE.ini im Abschnitt [DMXINI]"}));
+}
+
 TEST_F(Lifecycle, OutputClockStandsWhenTheInterfaceDidNotOpen) {
     UsbKind = 4;
     ASSERT_TRUE(StartProgram());
@@ -148,6 +157,31 @@ TEST_F(Lifecycle, CloseAsksForConfigurationSceneSequenceAndColourTableInTurn) {
                                      "Sie haben eine neue Scene erstellt. Wollen Sie sie jetzt abspeichern?",
                                      "Sie haben eine neue Farbtabelle erstellt. Wollen Sie sie jetzt "
                                      "abspeichern?"}));
+}
+
+TEST_F(Lifecycle, CloseWithEverythingUnsavedAsksInTheOrderOfTheSubjectsAndStopsAtACancel) {
+    struct Case {
+        bool Sequence;
+        std::string Second;
+    };
+    const std::string wall = "Sie haben eine neue Wand erstellt. Wollen Sie sie jetzt abspeichern?";
+    const std::string colours = "Sie haben eine neue Farbtabelle erstellt. Wollen Sie sie jetzt abspeichern?";
+    for (const Case& c :
+         {Case{false, "Sie haben eine neue Scene erstellt. Wollen Sie sie jetzt abspeichern?"},
+          Case{true, "Sie haben eine neue Sequenz erstellt. Wollen Sie sie jetzt abspeichern?"}}) {
+        Show = ShowState{};
+        ASSERT_TRUE(StartProgram());
+        Show.StatusFlags.Put(Status::SequenceExists, c.Sequence);
+        Show.ChangeFlags.bits = 0xFF;
+        Log.clear();
+        Answers = {Answer::No, Answer::Cancel};
+        EXPECT_FALSE(MayClose());
+        EXPECT_EQ(Texts("question"), (std::vector<std::string>{wall, c.Second}));
+        Log.clear();
+        Answers = {Answer::No, Answer::No, Answer::No};
+        EXPECT_TRUE(MayClose());
+        EXPECT_EQ(Texts("question"), (std::vector<std::string>{wall, c.Second, colours}));
+    }
 }
 
 TEST_F(Lifecycle, CancelAtAnyQuestionKeepsTheProgramWithTheSnapshotTaken) {

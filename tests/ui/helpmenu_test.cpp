@@ -36,7 +36,7 @@ TEST_F(HelpMenu, InfoBoxNamesProgramAndVersionInTheMiddleOfTheScreen) {
         EXPECT_EQ(info->lblInfo->text(), "DMX QUORVANE V 1.21");
         EXPECT_EQ(info->cmdInfo->text(), "&OK");
         const QPoint off = info->frameGeometry().center() - info->screen()->geometry().center();
-        EXPECT_LE(off.manhattanLength(), 40); // the frame's title may come in afterwards
+        EXPECT_LE(off.manhattanLength(), 2);
         QTest::mouseClick(info->cmdInfo, Qt::LeftButton);
     });
     Choose("mnuInfo");
@@ -58,7 +58,7 @@ TEST_F(HelpMenu, InfoBoxThatWouldCloseByItselfClosesAtOnceOnItsButton) {
     const double before = Host.Seconds();
     info.AutoUnload();
     EXPECT_FALSE(info.isVisible());
-    EXPECT_LT(Host.Seconds() - before, 4);
+    EXPECT_LT(Host.Seconds() - before, 0.1);
 }
 
 TEST_F(HelpMenu, HelpFileIsOpenedInTheSystemsEditor) {
