@@ -63,6 +63,7 @@ void frmColor::FillScreen() {
 void frmColor::Form_Load() {
     ShowCaption();
     lblFarbe[Hint]->hide();
+    chkMindest->setChecked(false);
     ShowInSliders(Show.CurrentColour);
     ShowStatus("Statuszeile");
     const bool atOnce = Show.StatusFlags.Has(Status::ApplyAtOnce);
@@ -110,12 +111,16 @@ void frmColor::ShowPreview() {
 void frmColor::ShowStatus(const char* text) { lblStatus->setText(text); }
 
 void frmColor::EndTestMode() {
-    if (!Show.StatusFlags.Has(Status::TestMode)) {
-        ShowStatus("");
-        return;
-    }
-    TestModeOff();
-    ShowStatus("Testmodus wurde abgeschaltet");
+    const bool wasOn = Show.StatusFlags.Has(Status::TestMode);
+    if (wasOn) TestModeOff();
+    ShowStatus("");
+    SayTestModeEnded(wasOn);
+}
+
+// Each slider clears the line that the one before it has written, so a command that moves several says this
+// again at its end.
+void frmColor::SayTestModeEnded(bool wasOn) {
+    if (wasOn && !Show.StatusFlags.Has(Status::TestMode)) ShowStatus("Testmodus wurde abgeschaltet");
 }
 
 void frmColor::ScrFarbe_Change(int index) {
@@ -174,14 +179,21 @@ void frmColor::txtFarbe_LostFocus(int index) {
 }
 
 void frmColor::cmdColor_Click(int index) {
+    const bool testMode = Show.StatusFlags.Has(Status::TestMode);
     CheckFocusedField();
     EndTestMode();
     switch (index) {
     case 0: FetchColour(); break;
     case 1: ApplyColourToSelection(); break;
     case 2: ChooseColour(); break;
-    default: lblFarbe[Hint]->show(); ShowStatus("Bitte die Farbnr. angeben oder klicken auf eine.");
+    default: AskForField(); return; // has a text of its own
     }
+    SayTestModeEnded(testMode);
+}
+
+void frmColor::AskForField() {
+    lblFarbe[Hint]->show();
+    ShowStatus("Bitte die Farbnr. angeben oder klicken auf eine.");
 }
 
 // Fetching never writes back into the scene.
@@ -224,9 +236,11 @@ void frmColor::StoreColour(int number) {
 }
 
 void frmColor::PickColour(int number) {
+    const bool testMode = Show.StatusFlags.Has(Status::TestMode);
     Show.SelectedUserColour = static_cast<std::uint8_t>(number);
     SetSliders(Show.UserColour[number]);
     cmdColor[1]->setFocus(Qt::OtherFocusReason);
+    SayTestModeEnded(testMode);
 }
 
 void frmColor::txtFarbNr_KeyUp(int key) {
@@ -262,9 +276,16 @@ void frmColor::chkCHange_Click() {
     }
 }
 
-// A slider that stands below the new bottom moves up and runs its change.
+// A slider that stands below the new bottom moves up and runs its change. Right after opening the colour
+// being mixed may be 0 where its slider is not, and is lifted too.
 void frmColor::chkMindest_Click() {
-    for (QSlider* slider : ScrFarbe) slider->setMinimum(chkMindest->isChecked() ? 1 : 0);
+    const bool testMode = Show.StatusFlags.Has(Status::TestMode);
+    const bool lowest = chkMindest->isChecked();
+    for (int index = 0; index < 4; ++index) {
+        ScrFarbe[At(index)]->setMinimum(lowest ? 1 : 0);
+        if (lowest && Show.CurrentColour[index + 1] == 0) SetSlider(index, 0);
+    }
+    SayTestModeEnded(testMode);
 }
 
 void frmColor::keyPressEvent(QKeyEvent* event) {

@@ -67,9 +67,11 @@ private:
 
     void FetchColour();
     void ChooseColour();
+    void AskForField();
     void StoreColour(int number);
     void PickColour(int number);
     void EndTestMode();
+    void SayTestModeEnded(bool wasOn);
     // Moves a slider, or all to a colour, and runs the slider change whether or not the position moved.
     void SetSlider(int index, std::uint8_t level);
     void SetSliders(PerChannel<std::uint8_t> colour);

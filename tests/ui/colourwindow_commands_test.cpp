@@ -2,6 +2,8 @@
 
 #include <QColorDialog>
 
+#include <stdexcept>
+
 namespace quorvane {
 
 using ColourCommands = ColourBench;
@@ -89,6 +91,42 @@ TEST_F(ColourCommands, EveryButtonEndsTestModeFirst) {
     }
 }
 
+TEST_F(ColourCommands, FetchSaysAtItsEndThatItEndedTestMode) {
+    StartWithColours();
+    SetLevels(Show.ElementValue[2], {1, 2, 3, 4});
+    Click(ElementField(2));
+    Show.StatusFlags.Set(Status::TestMode);
+    Click(Button(0));
+    EXPECT_EQ(Sliders(), (Levels{1, 2, 3, 4}));
+    EXPECT_EQ(Status(), "Testmodus wurde abgeschaltet");
+    Click(Button(0));
+    EXPECT_EQ(Status(), "");
+}
+
+TEST_F(ColourCommands, ChoosingAColourSaysAtItsEndThatItEndedTestMode) {
+    StartWithColours();
+    for (const char* text : {"Testmodus wurde abgeschaltet", ""}) {
+        WhenAsked([](QDialog* asked) {
+            qobject_cast<QColorDialog*>(asked)->setCurrentColor(QColor(1, 2, 3));
+            asked->accept();
+        });
+        Show.StatusFlags.Put(Status::TestMode, *text != '\0');
+        Click(Button(2));
+        EXPECT_EQ(Current(), (Levels{1, 2, 3, 0}));
+        EXPECT_EQ(Status(), text);
+    }
+}
+
+TEST_F(ColourCommands, AccessKeyOutOfANumberSaysThatTestModeEnded) {
+    StartWithColours();
+    Click(ElementField(1));
+    Replace(Number(0), "99");
+    Show.StatusFlags.Set(Status::TestMode);
+    Key(Qt::Key_Udiaeresis, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return Element(1)[0] == 99; }));
+    EXPECT_EQ(Status(), "Testmodus wurde abgeschaltet");
+}
+
 TEST_F(ColourCommands, EveryButtonClearsTheStatusLine) {
     StartWithColours();
     for (const int index : {0, 1, 2}) {
@@ -153,6 +191,27 @@ TEST_F(ColourCommands, CancelledColourDialogChangesNothing) {
     Click(Button(2));
     EXPECT_EQ(Current(), (Levels{5, 6, 7, 8}));
     EXPECT_EQ(Sliders(), (Levels{5, 6, 7, 8}));
+}
+
+TEST_F(ColourCommands, ErrorInTheColourDialogEndsTheCommandAndNothingElse) {
+    StartWithColours();
+    Mix({5, 6, 7, 8});
+    const auto ask = Host.AskColour;
+    Host.AskColour = [](std::uint32_t) -> std::optional<std::uint32_t> {
+        throw std::runtime_error("Farbdialog");
+    };
+    Answer(QMessageBox::Ok);
+    // Not by a click: an error that passes through the toolkit's own button leaks there.
+    QMetaObject::invokeMethod(
+        Button(2), [button = Button(2)] { emit button->clicked(); }, Qt::QueuedConnection);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Boxes.empty(); }));
+    ASSERT_EQ(Boxes.size(), 1u);
+    EXPECT_NE(Boxes[0].Text.find("Farbdialog"), std::string::npos);
+    EXPECT_EQ(Current(), (Levels{5, 6, 7, 8}));
+    EXPECT_EQ(Sliders(), (Levels{5, 6, 7, 8}));
+    Host.AskColour = ask;
+    Move(0, 9); // the program runs on
+    EXPECT_EQ(Current(), (Levels{9, 6, 7, 8}));
 }
 
 TEST_F(ColourCommands, ChosenColourGoesToTheSelectionAtOnceWhenTold) {

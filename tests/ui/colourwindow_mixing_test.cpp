@@ -59,6 +59,31 @@ TEST_F(ColourMixing, SliderChangeEndsTestMode) {
     EXPECT_EQ(Status(), "");
 }
 
+TEST_F(ColourMixing, TypedNumberEndsTestMode) {
+    StartWithColours();
+    Show.StatusFlags.Set(Status::TestMode);
+    Enter(Number(1), "128");
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::TestMode));
+    EXPECT_EQ(Status(), "Testmodus wurde abgeschaltet");
+}
+
+TEST_F(ColourMixing, ApplyingAtOnceEndsTestModeWithATextOfItsOwn) {
+    StartWithColours();
+    Show.StatusFlags.Set(Status::TestMode);
+    Tick(AtOnce());
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::TestMode));
+    EXPECT_EQ(Status(), " Änderungen werden sofort übernommen!");
+}
+
+TEST_F(ColourMixing, EnterEndsTestModeWithATextOfItsOwn) {
+    StartWithColours();
+    Replace(Number(0), "12");
+    Show.StatusFlags.Set(Status::TestMode);
+    Key(Qt::Key_Return);
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::TestMode));
+    EXPECT_EQ(Status(), "Bitte mit TAB weitergehen.");
+}
+
 TEST_F(ColourMixing, ChangesGoToTheSelectionAtOnceWhenTold) {
     StartWithColours();
     Mix({10, 20, 30, 40});
@@ -147,6 +172,17 @@ TEST_F(ColourMixing, NumbersFrom0To255AreTaken) {
     }
 }
 
+TEST_F(ColourMixing, RefusedNumberShowsZeroWhileItsSliderKeepsItsValueOnPurpose) {
+    StartWithColours();
+    Mix({50, 60, 70, 80});
+    for (int index = 0; index < 4; ++index) {
+        Enter(Number(index), "256");
+        EXPECT_EQ(Number(index)->text(), "0");
+        EXPECT_EQ(Sliders(), (Levels{50, 60, 70, 80}));
+        EXPECT_EQ(Current(), (Levels{50, 60, 70, 80}));
+    }
+}
+
 TEST_F(ColourMixing, PastedTextIsCheckedWhenTheFieldIsLeft) {
     StartWithColours();
     Click(Number(0));
@@ -158,7 +194,7 @@ TEST_F(ColourMixing, PastedTextIsCheckedWhenTheFieldIsLeft) {
     EXPECT_EQ(Number(0)->text().toStdString(), "0");
 }
 
-TEST_F(ColourMixing, RefusedNumberDoesNotReachTheSliderLater) {
+TEST_F(ColourMixing, ZeroOfARefusedNumberGivesWayToTheSlidersValueWhenTheFieldIsLeftAgainOnPurpose) {
     StartWithColours();
     Move(0, 50);
     Enter(Number(0), "256");
@@ -194,7 +230,7 @@ TEST_F(ColourMixing, EnterMovesOnAndItsTextIsWrittenLast) {
     EXPECT_EQ(Status(), "Bitte mit TAB weitergehen.");
 }
 
-TEST_F(ColourMixing, EnterOnARefusedNumberLeavesTheReasonInSight) {
+TEST_F(ColourMixing, EnterOnARefusedNumberLeavesTheReasonInSightOnPurpose) {
     StartWithColours();
     Replace(Number(0), "256");
     Key(Qt::Key_Return);
@@ -306,29 +342,6 @@ TEST_F(ColourMixing, ClosingTheProgramTakesTheNumberThatWasTypedLast) {
     Answer(QMessageBox::Cancel); // the scene has changed by it
     EXPECT_FALSE(CloseProgram());
     EXPECT_EQ(Element(1)[2], 66);
-}
-
-TEST_F(ColourMixing, MinimumRuleRaisesTheBottomOfAllSliders) {
-    StartWithColours();
-    Mix({5, 0, 9, 0});
-    Tick(Minimum());
-    for (int index = 0; index < 4; ++index) EXPECT_EQ(Slider(index)->minimum(), 1);
-    EXPECT_EQ(Current(), (Levels{5, 1, 9, 1}));
-    EXPECT_EQ(Number(1)->text().toStdString(), "1");
-    Tick(Minimum());
-    for (int index = 0; index < 4; ++index) EXPECT_EQ(Slider(index)->minimum(), 0);
-    EXPECT_EQ(Current(), (Levels{5, 1, 9, 1})); // nothing moves back
-}
-
-TEST_F(ColourMixing, ZeroTypedUnderTheMinimumRuleBecomesOne) {
-    StartWithColours();
-    Tick(Minimum());
-    Move(0, 80);
-    Enter(Number(0), "0");
-    EXPECT_EQ(Slider(0)->value(), 1);
-    EXPECT_EQ(Number(0)->text().toStdString(), "1");
-    EXPECT_EQ(Current()[0], 1);
-    EXPECT_EQ(Beeps, 0);
 }
 
 } // namespace quorvane

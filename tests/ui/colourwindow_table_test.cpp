@@ -92,6 +92,9 @@ TEST_F(ColourTableFields, PickEndsTestMode) {
     Show.StatusFlags.Set(Status::TestMode);
     Click(Swatch(1));
     EXPECT_FALSE(Show.StatusFlags.Has(Status::TestMode));
+    EXPECT_EQ(Status(), "Testmodus wurde abgeschaltet");
+    Click(Swatch(1));
+    EXPECT_EQ(Status(), "");
 }
 
 TEST_F(ColourTableFields, AreReachedByKeys) {

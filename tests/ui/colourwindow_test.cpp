@@ -117,6 +117,23 @@ TEST_F(ColourWindowTest, OpeningShowsTheTableAndLeavesTheTwentiethColourOnPurpos
     EXPECT_EQ(Sliders(), (Levels{7, 8, 9, 10})); // as it was before
 }
 
+TEST_F(ColourWindowTest, CommandsRightAfterOpeningUseTheTwentiethColourAndNotTheSlidersOnPurpose) {
+    StartWithWall(3, 1);
+    SetLevels(Show.CurrentColour, {7, 8, 9, 10});
+    SetLevels(Show.UserColour[20], {1, 2, 3, 4});
+    Click(ElementField(2));
+    OpenColours();
+    Click(Button(1));
+    EXPECT_EQ(Element(2), (Levels{1, 2, 3, 4}));
+    Click(Button(3));
+    Click(Swatch(6));
+    EXPECT_EQ(UserColour(6), (Levels{1, 2, 3, 4}));
+    EXPECT_EQ(ShownUserColour(6), QColor(5, 6, 7));
+    EXPECT_EQ(Sliders(), (Levels{7, 8, 9, 10}));
+    Move(1, 50);
+    EXPECT_EQ(Current(), (Levels{1, 50, 3, 4})); // the others keep what the table left
+}
+
 TEST_F(ColourWindowTest, OpeningMarksNothingUnlessChangesApplyAtOnce) {
     StartWithWall(3, 1);
     Click(ElementField(2));
@@ -142,6 +159,17 @@ TEST_F(ColourWindowTest, OpeningAppliesTheFormerColourWhenChangesApplyAtOnceOnPu
     EXPECT_EQ(Current(), (Levels{1, 2, 3, 4}));
 }
 
+TEST_F(ColourWindowTest, OpeningWithChangesNotAppliedAtOnceLeavesTheStatusLineOnPurpose) {
+    StartWithColours();
+    EXPECT_EQ(Status(), "Statuszeile");
+    Tick(AtOnce());
+    Tick(AtOnce());
+    EXPECT_EQ(Status(), ""); // clearing the box by hand does empty it
+    CloseColours();
+    OpenColours();
+    EXPECT_EQ(Status(), "Statuszeile");
+}
+
 TEST_F(ColourWindowTest, OpeningHidesTheHintAgain) {
     StartWithColours();
     Click(Button(3));
@@ -160,6 +188,7 @@ TEST_F(ColourWindowTest, PlaceIsKeptFromCloseToOpen) {
     EXPECT_EQ(Show.WindowPos[ColourWindow][PosLeft], 33 * 15);
     EXPECT_EQ(Show.WindowPos[ColourWindow][PosTop], 44 * 15);
     EXPECT_EQ(Show.WindowPos[ColourWindow][PosWidth], own.width() * 15);
+    EXPECT_EQ(Show.WindowPos[ColourWindow][PosHeight], own.height() * 15);
     main->Color->parentWidget()->move(0, 0);
     OpenColours();
     EXPECT_EQ(main->Color->parentWidget()->pos(), QPoint(33, 44));
