@@ -43,7 +43,10 @@ struct ScreenCalls {
     Slot<std::string_view> WallCaption;
     // Results of file commands and of selecting; the main window shows it too, for when the wall is closed.
     Slot<std::string_view> WallStatus;
-    Slot<> ShowWall; // opens the wall window
+    Slot<> ShowWall;     // opens the wall window
+    Slot<> ActivateWall; // brings it to the front again
+    // At the field that was pressed; comes back when the menu is closed and its entry done.
+    Slot<> OpenEditMenu;
 
     // Main window.
     Slot<std::string_view> MainCaption; // with every text that begins with ": KMO DMX QUORVANE"

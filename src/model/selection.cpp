@@ -65,10 +65,18 @@ void SelectAlone(int index) {
     SelectOnly(index);
 }
 
+void OpenEditMenu(int index) {
+    Show.PatchElementNo = static_cast<std::int16_t>(index + 1);
+    Screen.OpenEditMenu();
+}
+
+// The element dialog takes the front when the press concerns it, and the wall takes it back, so that further
+// clicks land there.
 void HandOverToElementWindow() {
     if (!Show.StatusFlags.Has(Status::ElementWindowOpen) || Show.SelectedCount != 1) return;
     Screen.WallStatus("Zeige Patchdaten des ausgewälten Elements");
     Screen.ActivateElementWindow();
+    Screen.ActivateWall();
 }
 
 } // namespace
@@ -136,12 +144,12 @@ void RememberOrRecallSelection(int key, int shift) {
 void lblElement_MouseDown(int index, bool leftButton, int shift) {
     if (!Show.StatusFlags.Has(Status::WallExists)) return;
     if (!leftButton)
-        Show.PatchElementNo = static_cast<std::int16_t>(index + 1);
+        OpenEditMenu(index);
     else if (shift == CtrlHeld)
         Toggle(index);
     else
         SelectAlone(index);
-    HandOverToElementWindow();
+    HandOverToElementWindow(); // after what was chosen in the menu
 }
 
 // A place kept for a command that was never settled, on purpose.

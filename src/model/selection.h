@@ -35,7 +35,8 @@ constexpr int CtrlHeld = 2;
 void RememberOrRecallSelection(int key, int shift);
 
 // A press of a mouse button on the field of an element; nothing without a wall. The left button selects,
-// with Ctrl alone it adds or removes; any other button names the element for the element dialog.
+// with Ctrl alone it adds or removes; any other button names the element for the element dialog and opens the
+// edit menu. An open element dialog then follows when exactly one element is selected.
 void lblElement_MouseDown(int index, bool leftButton, int shift);
 void lblElement_DblClick();
 

@@ -67,7 +67,6 @@ MDIHaupt::MDIHaupt() : lblStatus(new QLabel), area(new QMdiArea) {
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) {
         if (!MayEndSession(session.allowsInteraction())) session.cancel();
     });
-    Wand->OpenEditMenu = [this](const QPoint& place) { mnuBearbeiten->popup(place); };
     FillScreen();
 }
 
@@ -106,6 +105,7 @@ void MDIHaupt::FillScreen() {
     Screen.TransferRuns = [this](bool runs) { EnableForTransfer(runs); };
     Screen.PlaceMain = [this] { PlaceMain(); };
     Screen.OpenWindow = [this](int number) { OpenWindow(number); };
+    Screen.OpenEditMenu = [this] { mnuBearbeiten->exec(Wand->Pressed); };
 }
 
 void MDIHaupt::OpenWindow(int number) {

@@ -73,6 +73,7 @@ void frmWand::FillScreen() {
     };
     Screen.WallCaption = [this](std::string_view text) { setWindowTitle(ShownAsTitle(TrimmedRight(text))); };
     Screen.ShowWall = [this] { Open(); };
+    Screen.ActivateWall = [this] { Frame()->mdiArea()->setActiveSubWindow(Frame()); };
 }
 
 // Within a tick only the colour is kept: the frame goes out first, then the fields are drawn.
@@ -152,13 +153,10 @@ bool frmWand::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-// The element dialog takes the front when the press concerns it, and the wall takes it back, so that further
-// clicks land here.
 void frmWand::PressField(int index, Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
                          const QPoint& place) {
+    Pressed = place;
     lblElement_MouseDown(index, button == Qt::LeftButton, ShiftState(modifiers));
-    Frame()->mdiArea()->setActiveSubWindow(Frame());
-    if (button != Qt::LeftButton && OpenEditMenu) OpenEditMenu(place);
 }
 
 bool frmWand::PressKey(int index, QKeyEvent* event) {

@@ -6,7 +6,8 @@
 #include "model/screen.h"
 #include "ui/childwindow.h"
 
-#include <functional>
+#include <QPoint>
+
 #include <vector>
 
 class QLabel;
@@ -21,7 +22,7 @@ public:
     frmWand();
 
     QLabel* lblStatus;
-    std::function<void(const QPoint& place)> OpenEditMenu; // as a pop-up, on the screen
+    QPoint Pressed; // where a field was pressed last, on the screen
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -216,6 +216,40 @@ TEST_F(Selection, OpenElementWindowFollowsASingleSelectedElement) {
     EXPECT_EQ(Activations, 3);
 }
 
+TEST_F(Selection, ElementWindowFollowsWhatTheEditMenuLeftSelected) {
+    MakeWall(4, 1);
+    Show.StatusFlags.Set(Status::ElementWindowOpen);
+    int menus = 0;
+    Screen.OpenEditMenu = [&] {
+        ++menus;
+        EXPECT_EQ(Show.PatchElementNo, 2);
+        EXPECT_EQ(Activations, 0);
+        SelectOnly(3);
+    };
+    lblElement_MouseDown(1, false, 0);
+    EXPECT_EQ(menus, 1);
+    EXPECT_EQ(Activations, 1);
+    EXPECT_EQ(Statuses().back(), "Zeige Patchdaten des ausgewälten Elements");
+}
+
+TEST_F(Selection, OnlyOtherButtonsThanTheLeftOpenTheEditMenu) {
+    MakeWall(4, 1);
+    int menus = 0;
+    Screen.OpenEditMenu = [&] { ++menus; };
+    Press(1);
+    Press(1, CtrlHeld);
+    EXPECT_EQ(menus, 0);
+}
+
+TEST_F(Selection, WallIsInFrontAgainAfterTheElementWindow) {
+    MakeWall(4, 1);
+    Show.StatusFlags.Set(Status::ElementWindowOpen);
+    int broughtBack = 0;
+    Screen.ActivateWall = [&] { broughtBack = Activations; };
+    Press(3);
+    EXPECT_EQ(broughtBack, 1);
+}
+
 TEST_F(Selection, ClosedElementWindowIsNotActivated) {
     MakeWall(4, 1);
     Press(3);

@@ -72,8 +72,11 @@ TEST_F(ElementWindowTest, OpensFromBothMenusAndTheWallsPopUp) {
     StartWithWall(4, 3);
     EXPECT_EQ(Entry("mnuElement")->text().toStdString(), "&Element patchen");
     EXPECT_EQ(Entry("mnuPatchfenster")->text().toStdString(), "Patchfenster");
-    for (const char* entry : {"mnuElement", "mnuPatchfenster"}) {
-        Choose(entry);
+    const std::vector<std::function<void()>> ways{[this] { Choose("mnuElement"); },
+                                                  [this] { Choose("mnuPatchfenster"); },
+                                                  [this] { ChooseInPopUp(7, "mnuElement"); }};
+    for (const auto& open : ways) {
+        open();
         EXPECT_TRUE(main->Element->isVisible());
         EXPECT_TRUE(Show.StatusFlags.Has(Status::ElementWindowOpen));
         ClosePatch();
@@ -111,8 +114,7 @@ TEST_F(ElementWindowTest, ShowsTheElementOfTheRightButtonUnlessExactlyOneIsSelec
             Click(WallBench::Element(1));
             Click(WallBench::Element(2), Qt::ControlModifier);
         }
-        Click(WallBench::Element(7), {}, Qt::RightButton);
-        main->findChild<QMenu*>("mnuBearbeiten")->close();
+        InPopUp(7, [](QMenu*) {});
         OpenPatch();
         EXPECT_EQ(AllShown()[0], "7");
         EXPECT_EQ(Shown(1), "25");

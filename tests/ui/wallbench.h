@@ -6,8 +6,12 @@
 #include "model/wall.h"
 #include "ui/frmWand.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QMenu>
+#include <QTimer>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -49,6 +53,33 @@ protected:
         for (int index = 0; index <= 254; ++index)
             if (Show.ElementSelected[index] == 1) elements.push_back(index + 1);
         return elements;
+    }
+    // Presses a button over a field of the wall. The menu that opens is modal; act is what is done in it.
+    void InPopUp(int element, const std::function<void(QMenu*)>& act,
+                 Qt::MouseButton button = Qt::RightButton) {
+        bool opened = false;
+        QTimer::singleShot(0, main.get(), [&opened, &act] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(menu, nullptr) << "No menu opened";
+            opened = true;
+            act(menu);
+            menu->close();
+        });
+        QTest::mouseClick(Element(element), button, {}, QPoint(3, 4));
+        EXPECT_TRUE(opened) << "The press came back while the menu was open";
+    }
+    // Chooses an entry of the wall's pop-up, or of a menu in it, by mouse.
+    void ChooseInPopUp(int element, const char* name) {
+        InPopUp(element, [this, name](QMenu* menu) {
+            QAction* entry = Entry(name);
+            auto* holder = qobject_cast<QMenu*>(entry->parent());
+            if (holder != menu)
+                QTest::mouseClick(menu, Qt::LeftButton, {},
+                                  menu->actionGeometry(holder->menuAction()).center());
+            ASSERT_TRUE(QTest::qWaitFor([holder] { return holder->isVisible(); }))
+                << "The menu of " << name << " did not open";
+            QTest::mouseClick(holder, Qt::LeftButton, {}, holder->actionGeometry(entry).center());
+        });
     }
     // A key as it comes from the keyboard: to whatever has the focus.
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {

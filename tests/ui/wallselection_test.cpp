@@ -1,16 +1,21 @@
 #include "ui/wallbench.h"
 
+#include "app/heartbeat.h"
 #include "engine/sequencer.h"
 #include "model/colour.h"
 #include "model/screen.h"
 #include "model/selection.h"
 #include "ui/frmColor.h"
+#include "ui/frmElement.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+
+#include <utility>
 
 namespace quorvane {
 
@@ -100,24 +105,100 @@ TEST_F(WallSelection, RightAndMiddleButtonOpenTheEditMenuAtThePointerAndSelectNo
     for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
         const int element = button == Qt::RightButton ? 7 : 9;
         const QPoint place = Element(element)->mapToGlobal(QPoint(3, 4));
-        QTest::mouseClick(Element(element), button, {}, QPoint(3, 4));
-        EXPECT_TRUE(EditMenu()->isVisible());
-        EXPECT_EQ(EditMenu()->pos(), place);
-        EXPECT_EQ(Show.PatchElementNo, element);
-        EXPECT_EQ(Selected(), (Elements{5}));
-        QTest::keyClick(EditMenu(), Qt::Key_Escape);
+        InPopUp(
+            element,
+            [&](QMenu* menu) {
+                EXPECT_EQ(menu, EditMenu());
+                EXPECT_EQ(menu->pos(), place);
+                EXPECT_EQ(Show.PatchElementNo, element);
+                EXPECT_EQ(Selected(), (Elements{5}));
+                QTest::keyClick(menu, Qt::Key_Escape);
+            },
+            button);
         EXPECT_FALSE(EditMenu()->isVisible());
     }
 }
 
 TEST_F(WallSelection, PopUpIsTheWholeEditMenu) {
+    using Entries = std::vector<std::pair<std::string, std::string>>;
     StartWithWall(4, 3);
-    std::vector<std::string> captions;
-    for (const QAction* entry : EditMenu()->actions())
-        if (!entry->isSeparator()) captions.push_back(entry->text().toStdString());
-    for (const char* caption : {"&Farbe", "&Wand", "&Muster hinzufügen", "Muster &auswählen",
-                                "Alles markieren", "Markierung &umkehren"})
-        EXPECT_NE(std::find(captions.begin(), captions.end(), caption), captions.end()) << caption;
+    Entries seen;
+    InPopUp(7, [&seen](QMenu* menu) {
+        for (const QAction* entry : menu->actions()) {
+            if (entry->isSeparator() || !entry->isVisible()) continue;
+            const QObject* named = entry->menu() ? static_cast<const QObject*>(entry->menu()) : entry;
+            seen.emplace_back(named->objectName().toStdString(), entry->text().toStdString());
+        }
+    });
+    EXPECT_EQ(seen, (Entries{{"mnuFarbe", "&Farbe"},
+                             {"mnuWand", "&Wand"},
+                             {"mnuElement", "&Element patchen"},
+                             {"mnuMusterHinzu", "&Muster hinzufügen"},
+                             {"mnuMusterAusw", "Muster &auswählen"},
+                             {"mnuSelectAll", "Alles markieren"},
+                             {"mnuInvertSelection", "Markierung &umkehren"},
+                             {"mnuOptions", "&Optionen"}}));
+}
+
+TEST_F(WallSelection, PopUpIsDoneBeforeTheElementWindowIsHandedTheElement) {
+    StartWithWall(3, 1);
+    std::vector<Elements> handedOver;
+    Screen.ActivateElementWindow = [&] { handedOver.push_back(Selected()); };
+    Show.StatusFlags.Set(Status::ElementWindowOpen);
+    Show.Selections[4][1] = 1; // element 2 on F5
+    Click(Element(1));
+    handedOver.clear();
+    for (const char* entry : {"mnuSelectAll", "mnuInvertSelection"}) ChooseInPopUp(3, entry);
+    EXPECT_EQ(handedOver, (std::vector<Elements>{})); // three, and then none
+    ChooseInPopUp(3, "mnuMusterAusw(3)");
+    EXPECT_EQ(handedOver, (std::vector<Elements>{{2}}));
+    EXPECT_EQ(WallStatus(), "Zeige Patchdaten des ausgewälten Elements");
+    Click(Element(3), Qt::ControlModifier);
+    ChooseInPopUp(3, "mnuInvertSelection");
+    EXPECT_EQ(handedOver, (std::vector<Elements>{{2}, {1}}));
+}
+
+TEST_F(WallSelection, PopUpThatIsLeftHandsTheElementOverToo) {
+    StartWithWall(3, 1);
+    Click(Element(1));
+    int activations = 0;
+    Screen.ActivateElementWindow = [&] { ++activations; };
+    Show.StatusFlags.Set(Status::ElementWindowOpen);
+    InPopUp(3, [&](QMenu* menu) {
+        EXPECT_EQ(activations, 0);
+        QTest::keyClick(menu, Qt::Key_Escape);
+    });
+    EXPECT_EQ(activations, 1);
+}
+
+TEST_F(WallSelection, WindowOpenedFromThePopUpStaysInFront) {
+    StartWithWall(3, 1);
+    Click(Element(1));
+    ChooseInPopUp(3, "mnuFarbe");
+    EXPECT_EQ(main->Color->parentWidget(), main->findChild<QMdiArea*>()->activeSubWindow());
+}
+
+TEST_F(WallSelection, WallComesBackInFrontOfTheElementWindowOpenedFromThePopUpOnPurpose) {
+    StartWithWall(3, 1);
+    Click(Element(2));
+    ChooseInPopUp(3, "mnuElement");
+    EXPECT_TRUE(main->Element->isVisible());
+    EXPECT_EQ(Find<QLineEdit>("frmElement", "txtElement(0)")->text(), "2");
+    EXPECT_EQ(main->Wand->parentWidget(), main->findChild<QMdiArea*>()->activeSubWindow());
+}
+
+TEST_F(WallSelection, OutputGoesOnWhileThePopUpIsOpen) {
+    StartWithWall(3, 1);
+    const Heartbeat heartbeat;
+    int sent = 0;
+    Host.DasHardCommand = [&](std::int32_t command, std::int32_t, std::uint8_t*) {
+        if (command == 4 && ++sent == 2) EditMenu()->close();
+        return 0;
+    };
+    Show.AutoXmit.Enabled = true;
+    QTimer::singleShot(5000, EditMenu(), &QMenu::close); // were it to stand still
+    QTest::mouseClick(Element(2), Qt::RightButton);
+    EXPECT_EQ(sent, 2);
 }
 
 TEST_F(WallSelection, DoubleClickIsTwoPressesAndThenItsPlaceholder) {
@@ -262,10 +343,14 @@ TEST_F(WallSelection, MenuKeyIsARightClickOnTheFieldWithTheFocus) {
     Key(Qt::Key_Right);
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(5, 5),
                               Element(2)->mapToGlobal(QPoint(5, 5)));
+    QPoint place;
+    QTimer::singleShot(0, main.get(), [&] {
+        place = EditMenu()->pos();
+        EditMenu()->close();
+    });
     QApplication::sendEvent(Element(2), &menuKey);
-    EXPECT_TRUE(EditMenu()->isVisible());
+    EXPECT_EQ(place, Element(2)->mapToGlobal(Element(2)->rect().center()));
     EXPECT_EQ(Show.PatchElementNo, 2);
-    EditMenu()->close();
 }
 
 TEST_F(WallSelection, WallWithoutElementsTakesKeysInItsStride) {
