@@ -218,8 +218,7 @@ bool MDIHaupt::MDIForm_QueryUnload() {
 
 // The window state value is not updated here, on purpose: it keeps what was read.
 void MDIHaupt::MDIForm_Unload() {
-    for (ChildWindow* window : children)
-        if (window->isVisible()) window->StorePosition();
+    for (ChildWindow* window : children) window->StorePosition();
     StopOutput();
     StorePlace(MainWindow, isMinimized() || isMaximized() ? normalGeometry() : geometry());
     SaveINI();

@@ -19,10 +19,17 @@ ChildWindow::ChildWindow(const char* name, WindowNumber number, Status open)
 
 QMdiSubWindow* ChildWindow::Frame() const { return qobject_cast<QMdiSubWindow*>(parentWidget()); }
 
+bool ChildWindow::IsNormal() const { return !Frame()->isMaximized() && !Frame()->isMinimized(); }
+
+void ChildWindow::BecomeNormal() {
+    Frame()->setWindowState(Frame()->windowState() & ~(Qt::WindowMaximized | Qt::WindowMinimized));
+}
+
 void ChildWindow::Open() {
     Show.StatusFlags.Set(openBit);
-    if (Frame()->isMinimized()) Frame()->showNormal();
-    if (!isVisible()) {
+    const bool closed = Frame()->isHidden();
+    if (closed || Frame()->isMinimized()) BecomeNormal();
+    if (closed) {
         Form_Load();
         WantPlace();
     }
@@ -76,9 +83,23 @@ QPoint ChildWindow::FreePlace() const {
                              [&](const QPoint& a, const QPoint& b) { return covered(a) < covered(b); });
 }
 
+bool ChildWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ParentChange && Frame()) Frame()->installEventFilter(this);
+    if (event->type() == QEvent::Resize && Frame()) KeepPlace();
+    return QWidget::event(event);
+}
+
+bool ChildWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Frame() && event->type() == QEvent::Move) KeepPlace();
+    return QWidget::eventFilter(watched, event);
+}
+
+void ChildWindow::KeepPlace() {
+    if (isVisible() && IsNormal()) normalPlace = {Frame()->pos(), size()};
+}
+
 void ChildWindow::StorePosition() {
-    if (!Frame()->isMinimized() && !Frame()->isMaximized())
-        StorePlace(windowNumber, {Frame()->pos(), size()});
+    if (!Frame()->isHidden() && normalPlace.isValid()) StorePlace(windowNumber, normalPlace);
 }
 
 void ChildWindow::ResizeFramed(const QSize& own) {
@@ -92,6 +113,7 @@ void ChildWindow::MoveFramed(const QPoint& position) {
 }
 
 void ChildWindow::ApplyPlace() {
+    if (wantedSize || wantedPosition) BecomeNormal();
     const QRect area = Frame()->mdiArea()->viewport()->rect();
     if (wantedSize) {
         const QSize border = Frame()->size() - Frame()->contentsRect().size();
@@ -103,6 +125,7 @@ void ChildWindow::ApplyPlace() {
     unplaced = false;
     wantedSize.reset();
     wantedPosition.reset();
+    KeepPlace();
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {

@@ -4,6 +4,7 @@
 
 #include "model/show.h"
 
+#include <QRect>
 #include <QWidget>
 
 #include <optional>
@@ -19,7 +20,8 @@ public:
 
     // Shows the window in front of the others; one that was closed comes back at its stored place.
     void Open();
-    // Keeps left and top of the framed window, width and height of the window itself.
+    // Keeps left and top of the framed window, width and height of the window itself, as they were last while
+    // it was neither maximised nor minimised. Nothing while the window is closed.
     void StorePosition();
     // The main window's active window is this frame now; none while another program has the front.
     void FrontChanged(const QMdiSubWindow* frame);
@@ -30,6 +32,8 @@ protected:
     void ResizeFramed(const QSize& own);
     void MoveFramed(const QPoint& position);
     QMdiSubWindow* Frame() const;
+    // Neither maximised nor minimised.
+    bool IsNormal() const;
     // The size that the window takes of the wanted one when the free area is this large: large enough for its
     // controls.
     virtual QSize Within(const QSize& area, const QSize& own) const;
@@ -40,12 +44,16 @@ protected:
     // back from another program.
     virtual void Form_Activate() {}
 
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     // Runs the check of the field that has the focus first; hands the front on at the end.
     void closeEvent(QCloseEvent* event) override;
     // The main window's pop-up menu belongs to its free area and not to the windows inside.
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void BecomeNormal();
+    void KeepPlace();
     void WantPlace();
     void ApplyPlace();
     QPoint FreePlace() const;
@@ -53,6 +61,7 @@ private:
 
     WindowNumber windowNumber;
     Status openBit;
+    QRect normalPlace; // as StorePosition keeps it; none before the window was seen
     std::optional<QSize> wantedSize;
     std::optional<QPoint> wantedPosition;
     bool unplaced = false; // opens without a position that anyone gave it

@@ -189,8 +189,7 @@ void frmWand::keyPressEvent(QKeyEvent* event) {
 
 void frmWand::resizeEvent(QResizeEvent* event) {
     ChildWindow::resizeEvent(event);
-    const bool restored = Frame() && (Frame()->isMaximized() || Frame()->isMinimized());
-    if (Show.StatusFlags.Has(Status::SaveToCurrentFile) || restored || !isVisible()) return;
+    if (Show.StatusFlags.Has(Status::SaveToCurrentFile) || !isVisible() || !IsNormal()) return;
     Show.WindowPos[WallWindow][PosWidth] = StoredOf(width());
     Show.WindowPos[WallWindow][PosHeight] = StoredOf(height());
 }

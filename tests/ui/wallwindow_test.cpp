@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 
+#include <algorithm>
+
 namespace quorvane {
 
 class WallWindowTest : public WindowBench {
@@ -51,6 +53,19 @@ TEST_F(WallWindowTest, FieldIsPaintedWithItsUncorrectedMixedColour) {
     ShowWallColour(1);
     EXPECT_EQ(Shown(1), QColor(255, 100, 100));
     EXPECT_EQ(Shown(0), QColor(0, 0, 0));
+}
+
+TEST_F(WallWindowTest, EveryFieldCarriesItsElementsNumber) {
+    StartProgram();
+    MakeWall(11, 11);
+    main->Wand->Open();
+    std::vector<QImage> seen;
+    for (int index = 0; index < 121; ++index) {
+        EXPECT_EQ(Field(index)->accessibleName().toStdString(), "Element " + std::to_string(index + 1));
+        const QImage image = Field(index)->grab(QRect(0, 0, 40, 40)).toImage();
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), image), 0) << index; // no two are drawn alike
+        seen.push_back(image);
+    }
 }
 
 TEST_F(WallWindowTest, NewWallReplacesAllFieldsOfTheOld) {
@@ -99,10 +114,13 @@ TEST_F(WallWindowTest, ClosedAndReopenedWallIsAsItWas) {
     Choose("mnuWand");
     EXPECT_TRUE(Show.StatusFlags.Has(Status::WallWindowOpen));
     main->Wand->parentWidget()->move(30, 20);
+    const QSize own = main->Wand->size();
     main->Wand->parentWidget()->close();
     EXPECT_FALSE(Show.StatusFlags.Has(Status::WallWindowOpen));
     EXPECT_EQ(Show.WindowPos[WallWindow][PosLeft], 450);
     EXPECT_EQ(Show.WindowPos[WallWindow][PosTop], 300);
+    EXPECT_EQ(Show.WindowPos[WallWindow][PosWidth], own.width() * 15);
+    EXPECT_EQ(Show.WindowPos[WallWindow][PosHeight], own.height() * 15);
     EXPECT_EQ(Show.ElementCount, 6);
     Choose("mnuWand");
     EXPECT_TRUE(main->Wand->isVisible());
@@ -115,11 +133,40 @@ TEST_F(WallWindowTest, ResizeIsRecordedUnlessFilesAreBeingRestored) {
     MakeWall(3, 2);
     main->Wand->Open();
     main->Wand->parentWidget()->resize(300, 280);
-    EXPECT_EQ(Show.WindowPos[WallWindow][PosWidth], main->Wand->width() * 15);
     const auto width = Show.WindowPos[WallWindow][PosWidth];
+    const auto height = Show.WindowPos[WallWindow][PosHeight];
+    EXPECT_EQ(width, main->Wand->width() * 15);
+    EXPECT_EQ(height, main->Wand->height() * 15);
     Show.StatusFlags.Set(Status::SaveToCurrentFile);
     main->Wand->parentWidget()->resize(350, 290);
     EXPECT_EQ(Show.WindowPos[WallWindow][PosWidth], width);
+    EXPECT_EQ(Show.WindowPos[WallWindow][PosHeight], height);
+    Show.StatusFlags.Clear(Status::SaveToCurrentFile);
+}
+
+TEST_F(WallWindowTest, SizeOfTheMaximisedOrMinimisedWindowIsNotRecorded) {
+    StartProgram();
+    MakeWall(3, 2);
+    main->Wand->Open();
+    main->Wand->parentWidget()->resize(300, 280);
+    const auto place = Show.WindowPos[WallWindow];
+    auto* frame = qobject_cast<QMdiSubWindow*>(main->Wand->parentWidget());
+    frame->showMaximized();
+    EXPECT_EQ(Show.WindowPos[WallWindow], place);
+    frame->showMinimized();
+    EXPECT_EQ(Show.WindowPos[WallWindow], place);
+}
+
+TEST_F(WallWindowTest, NewWallEndsTheMaximisedWindow) {
+    StartProgram();
+    MakeWall(3, 2);
+    main->Wand->Open();
+    auto* frame = qobject_cast<QMdiSubWindow*>(main->Wand->parentWidget());
+    const QSize size = main->Wand->size();
+    frame->showMaximized();
+    MakeWall(3, 2);
+    EXPECT_FALSE(frame->isMaximized());
+    EXPECT_EQ(main->Wand->size(), size);
 }
 
 TEST_F(WallWindowTest, RestoredWallIsPlacedWithLeftAndTopSwapped) {
