@@ -57,6 +57,28 @@ TEST_F(SequencerSteps, PreviousSceneWhilePlayingGoesBackByTwoFromTheAnnouncedSte
     }
 }
 
+TEST_F(SequencerSteps, PreviousSceneInTheMiddleOfABlendGoesBackByTwo) {
+    MakeSequence(5, 1);
+    PlayTowards(4);
+    Tick(Show.HoldCounter + 2);
+    ASSERT_GT(Show.BlendCounter, 0);
+    ASSERT_LT(Level(), 40);
+    PreviousScene();
+    EXPECT_EQ(Show.CurrentStep, 2);
+    EXPECT_EQ(Level(), 20);
+}
+
+TEST_F(SequencerSteps, PreviousSceneAfterTheLastTickOfABlendGoesBackByOne) {
+    MakeSequence(5, 1);
+    PlayTowards(4);
+    Tick(Show.HoldCounter + Show.BlendCounter);
+    ASSERT_EQ(Level(), 40); // step 4 is shown, and still announced
+    ASSERT_EQ(Show.CurrentStep, 4);
+    PreviousScene();
+    EXPECT_EQ(Show.CurrentStep, 3);
+    EXPECT_EQ(Level(), 30);
+}
+
 TEST_F(SequencerSteps, PreviousSceneOfTwoPlayingStepsStaysInRange) {
     for (const int announced : {1, 2}) {
         Show.StepCount = 0;

@@ -1,5 +1,7 @@
 #include "files/sequencebench.h"
 
+#include "engine/outputclock.h"
+#include "engine/sequencer.h"
 #include "model/sequence.h"
 #include "model/wall.h"
 
@@ -51,6 +53,20 @@ struct StepsCase {
 
 class StepCounts : public SequenceFile, public testing::WithParamInterface<StepsCase> {};
 
+TEST_F(SequenceFile, KeepsSelectionSlotsZeroToNineAndNeverThoseOfF11AndF12OnPurpose) {
+    Load(Text());
+    for (int slot = 0; slot <= 13; ++slot) {
+        Show.Selections[slot].Fill(0);
+        Show.Selections[slot][0] = 1;
+    }
+    ChosenFiles.push_back(Path("neu.QSQ"));
+    EXPECT_TRUE(SaveSequence());
+    for (int slot = 0; slot <= 13; ++slot) Show.Selections[slot].Fill(0);
+    ChosenFiles.push_back(Path("neu.QSQ"));
+    LoadSequence();
+    for (int slot = 0; slot <= 13; ++slot) EXPECT_EQ(Show.Selections[slot][0], slot <= 9 ? 1 : 0) << slot;
+}
+
 TEST_P(StepCounts, AreCutTo254WithAWarningFrom254On) {
     MakeWall(1, 1);
     Load(TextOf(1, 1, GetParam().InFile));
@@ -69,6 +85,30 @@ INSTANTIATE_TEST_SUITE_P(Steps, StepCounts,
                          testing::Values(StepsCase{1, 1, false}, StepsCase{250, 250, false},
                                          StepsCase{253, 253, false}, StepsCase{254, 254, true},
                                          StepsCase{255, 254, true}, StepsCase{300, 254, true}));
+
+// Step s has red level s + 10 in the only element, 264 being 8; times hold s, blend s + 4.
+TEST_F(SequenceFile, Of254StepsIsSteppedAndPlayedOverItsEnd) {
+    MakeWall(1, 1);
+    Load(TextOf(1, 1, 254));
+    PreviousScene();
+    EXPECT_EQ(Show.CurrentStep, 254);
+    EXPECT_EQ(Show.ElementValue[1][1], 8);
+    NextScene();
+    EXPECT_EQ(Show.CurrentStep, 1);
+    EXPECT_EQ(Show.ElementValue[1][1], 11);
+    PreviousScene();
+    Play();
+    const auto play = [](int ticks) {
+        for (int tick = 0; tick < ticks; ++tick) AutoXmit_Timer();
+    };
+    play(1 + 254 + 258 - 1); // the transition's own tick, hold, blend but for its last tick
+    EXPECT_EQ(Show.CurrentStep, 1);
+    EXPECT_EQ(Show.BlendCounter, 1);
+    play(1);
+    EXPECT_EQ(Show.ElementValue[1][1], 11);
+    play(1);
+    EXPECT_EQ(Show.CurrentStep, 2);
+}
 
 struct SpeedCase {
     std::string Line;

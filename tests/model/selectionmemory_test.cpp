@@ -46,6 +46,19 @@ TEST_F(SelectionMemory, OnlyShiftAloneRemembers) {
     EXPECT_EQ(Show.Selections, decltype(Show.Selections){});
 }
 
+TEST_F(SelectionMemory, NoKeyReachesSlotZeroOnPurpose) {
+    MakeWall(4, 1);
+    Show.Selections[0][2] = 1;
+    Press(2);
+    for (int key = 0; key <= 255; ++key) {
+        RememberOrRecallSelection(key, ShiftHeld);
+        RememberOrRecallSelection(key, 0);
+        EXPECT_EQ(Selected(), (Elements{2})) << key; // each recalls what it has just remembered
+    }
+    EXPECT_EQ(Show.Selections[0][1], 0);
+    EXPECT_EQ(Show.Selections[0][2], 1);
+}
+
 TEST_F(SelectionMemory, RememberingMarksTheSequenceAndTheScene) {
     MakeWall(4, 2);
     Show.ChangeFlags = {};

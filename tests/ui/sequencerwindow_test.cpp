@@ -248,7 +248,12 @@ TEST_F(SequencerWindowTest, CancelledDeletingLeavesTheSequenceAndADarkOutput) {
     Show.SequenceFile = "show.QSQ";
     Click(Button(4));
     Show.ChangeFlags.bits = 0x28;
-    Answer(QMessageBox::Cancel);
+    Ticks(1);
+    ASSERT_EQ(Frames.back().at(0), 20);
+    WhenAsked([this](QDialog* asked) {
+        EXPECT_EQ(Frames.back(), std::vector<std::uint8_t>(512, 0)); // dark while the question stands
+        Click(qobject_cast<QMessageBox*>(asked)->button(QMessageBox::Cancel));
+    });
     Click(Button(5));
     EXPECT_EQ(Show.StepCount, 2);
     EXPECT_EQ(Show.SequenceFile, "show.QSQ");
@@ -273,6 +278,35 @@ TEST_F(SequencerWindowTest, DeletedSequenceLeavesValidTimesAndAnEmptyStepField) 
     EXPECT_EQ(Shown(0), "");
     EXPECT_EQ(BlendOf(1), 33);
     EXPECT_EQ(main->Control->windowTitle(), "SEQUENZER");
+}
+
+TEST_F(SequencerWindowTest, SequenceIsSavedAndThenDeletedAfterYes) {
+    Open();
+    MakeWall();
+    Show.ElementValue[1][2] = 77;
+    Click(Button(1));
+    Answer(QMessageBox::Yes);
+    ChooseFile("abend");
+    Click(Button(5));
+    EXPECT_NE(Read("sequencen/abend.QSQ").find(" 77"), std::string::npos);
+    EXPECT_EQ(Show.StepCount, 0);
+    EXPECT_EQ(Show.SequenceFile, "");
+    EXPECT_FALSE(Show.ChangeFlags.Has(Change::SequenceChanged));
+    EXPECT_EQ(StatusText(), "Die Sequenz wurde gelöscht.");
+}
+
+TEST_F(SequencerWindowTest, SequenceStaysWhenItsSavingIsCancelled) {
+    Open();
+    MakeWall();
+    Click(Button(1));
+    const auto marks = Show.ChangeFlags.bits;
+    Answer(QMessageBox::Yes);
+    ChooseFile("");
+    Click(Button(5));
+    EXPECT_EQ(Show.StepCount, 1);
+    EXPECT_EQ(Show.CurrentStep, 1);
+    EXPECT_TRUE(Show.StatusFlags.Has(Status::SequenceExists));
+    EXPECT_EQ(Show.ChangeFlags.bits, marks);
 }
 
 TEST_F(SequencerWindowTest, NewSequenceIsAskedAboutBeforeItIsDeleted) {
