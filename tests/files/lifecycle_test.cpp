@@ -184,6 +184,21 @@ TEST_F(Lifecycle, CloseWithEverythingUnsavedAsksInTheOrderOfTheSubjectsAndStopsA
     }
 }
 
+TEST_F(Lifecycle, CloseAsksForTheSceneBeforeTheSequenceWhereItAsksForBoth) {
+    ASSERT_TRUE(StartProgram());
+    Show.SequenceFile = "abend.QSQ";
+    for (const Change change : {Change::SceneNew, Change::SceneChanged, Change::SequenceChanged})
+        Show.ChangeFlags.Set(change);
+    Log.clear();
+    Answers = {Answer::No, Answer::No};
+    EXPECT_TRUE(MayClose());
+    EXPECT_EQ(Texts("question"),
+              (std::vector<std::string>{
+                  "Sie haben eine neue Scene erstellt. Wollen Sie sie jetzt abspeichern?",
+                  "Sie haben die Sequence verändert. Wollen Sie die veränderten Werte in Ihre Datei "
+                  "speichern?\nabend.QSQ"}));
+}
+
 TEST_F(Lifecycle, CancelAtAnyQuestionKeepsTheProgramWithTheSnapshotTaken) {
     struct Case {
         std::uint16_t Changes;

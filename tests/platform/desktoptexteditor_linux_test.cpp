@@ -73,6 +73,13 @@ TEST_F(TextEditor, OfAnEntryWithoutAValueIsPassedOver) {
     EXPECT_EQ(Found(), For("there"));
 }
 
+TEST_F(TextEditor, OfAKeyThatOnlyBeginsAlikeIsPassedOver) {
+    Install("there");
+    Write("config/mimeapps.list", "[Default Applications]\n"
+                                  "text/plain-old=wrong.desktop\ntext/plain\ntext/plain = there.desktop\n");
+    EXPECT_EQ(Found(), For("there"));
+}
+
 TEST_F(TextEditor, TakesTheFileWhereItsCommandSays) {
     Choose("config/mimeapps.list", "editor.desktop");
     struct Case {

@@ -61,6 +61,20 @@ TEST_F(HelpMenu, InfoBoxThatWouldCloseByItselfClosesAtOnceOnItsButton) {
     EXPECT_LT(Host.Seconds() - before, 0.1);
 }
 
+TEST_F(HelpMenu, InfoBoxThatWouldCloseByItselfClosesAtOnceWhenTheProgramIsEnded) {
+    StartProgram();
+    frmInfo info(main.get());
+    int events = 0;
+    Host.Seconds = [now = 0]() mutable { return ++now; };
+    Host.DoEvents = [&events] {
+        ++events;
+        return false;
+    };
+    info.AutoUnload();
+    EXPECT_EQ(events, 1);
+    EXPECT_FALSE(info.isVisible());
+}
+
 TEST_F(HelpMenu, HelpFileIsOpenedInTheSystemsEditor) {
     StartProgram();
     Write("Quorvane.DOC", "Hilfe");

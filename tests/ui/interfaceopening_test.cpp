@@ -14,11 +14,15 @@ protected:
         Show.ElementValue[1][1] = 200;
         ASSERT_EQ(NextFrame(), Light);
     }
-    // The select dialog is left by this button, on the tab of the type that drives.
-    void LeaveDialogBy(const char* button, std::function<void()> meanwhile = nullptr) {
-        WhenAsked([this, button, meanwhile = std::move(meanwhile)](QDialog* asked) {
+    // The select dialog is left by this button, on the tab of the type that drives or of the one chosen.
+    void LeaveDialogBy(const char* button, std::function<void()> meanwhile = nullptr,
+                       std::int16_t chosen = NoInterface) {
+        WhenAsked([this, button, meanwhile = std::move(meanwhile), chosen](QDialog* asked) {
             ASSERT_EQ(asked->objectName(), "frmIFS");
             dialog = asked;
+            auto* tabs = asked->findChild<QTabBar*>("tabs_ifselect");
+            if (chosen != NoInterface)
+                QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(chosen - 1).center());
             if (meanwhile) WhileWaiting(meanwhile);
             Click(asked->findChild<QPushButton*>(button));
         });
@@ -82,16 +86,31 @@ TEST_F(InterfaceOpening, EndFromOutsideDuringTheReopeningEndsItFirst) {
     ExpectEnded();
 }
 
-TEST_F(InterfaceOpening, UserWhoStaysAfterAllHasTheChosenCard) {
+TEST_F(InterfaceOpening, EndWhileTheCardComesBackAfterCancelEndsThatFirst) {
     StartWithLight(IsaCardB);
-    Show.ChangeFlags.Set(Change::ConfigNew);
-    LeaveDialogBy("cmdOK", [this] { Close(); });
-    Answer(QMessageBox::Cancel);
+    LeaveDialogBy("cmdAbbrechen", [this] { Close(); });
     Choose("mnuDMXInit");
-    ExpectStays();
-    EXPECT_EQ(Show.InterfaceOpen[IsaCardB], 1);
-    Choose("mnuDMXStart");
-    EXPECT_EQ(NextFrame(), Light);
+    ExpectEnded();
+}
+
+TEST_F(InterfaceOpening, UserWhoStaysAfterAllHasTheChosenCardThatWaitsForItsStart) {
+    for (const std::int16_t before : {IsaCardB, UsbInterface}) {
+        SCOPED_TRACE(before);
+        StartWithLight(before);
+        if (before == UsbInterface) PlugInCard(IsaCardB);
+        Show.ChangeFlags.Set(Change::ConfigNew);
+        LeaveDialogBy(
+            "cmdOK", [this] { Close(); }, IsaCardB);
+        Answer(QMessageBox::Cancel);
+        Choose("mnuDMXInit");
+        ExpectStays();
+        EXPECT_EQ(Show.InterfaceType, IsaCardB);
+        EXPECT_EQ(Show.InterfaceOpen[IsaCardB], 1);
+        EXPECT_FALSE(Show.AutoXmit.Enabled);
+        Choose("mnuDMXStart");
+        EXPECT_EQ(NextFrame(), Light);
+        StartAfresh();
+    }
 }
 
 TEST_F(InterfaceOpening, UserWhoStaysAfterAllKeepsTheLightThatTheSearchPutOut) {

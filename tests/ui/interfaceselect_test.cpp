@@ -176,6 +176,19 @@ TEST_F(InterfaceSelectTest, LeavingWithoutOkChangesNothing) {
     EXPECT_EQ(Settings["Interface/Type"], "3");
 }
 
+TEST_F(InterfaceSelectTest, EscapeChangesNothingAndReturnIsOk) {
+    StartProgram();
+    for (const auto& [key, stored] : {std::pair{Qt::Key_Escape, "3"}, std::pair{Qt::Key_Return, "5"}}) {
+        WhenAsked([key = key](QDialog* asked) {
+            auto* tabs = asked->findChild<QTabBar*>("tabs_ifselect");
+            QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(4).center());
+            QTest::keyClick(asked, key);
+        });
+        Choose("mnuDMXInit");
+        EXPECT_EQ(Settings["Interface/Type"], stored);
+    }
+}
+
 TEST_F(InterfaceSelectTest, FirstTabIsShownWithoutAnInterface) {
     Settings["Interface/Type"] = "0";
     Answer(QMessageBox::Ok);
