@@ -34,11 +34,7 @@ void OpenStoredInterface() {
     Show.PreviousInterfaceType = Show.InterfaceType;
     Screen.EnableDmxEntries(Show.InterfaceType == IsaCardB);
     Show.SecondInstance = Host.PreviousInstance();
-    if (Show.SecondInstance) {
-        DisableSecondInstance();
-        Show.InterfaceType = NoInterface; // for this run: it previews only
-        return;
-    }
+    if (Show.SecondInstance) return DisableSecondInstance();
     OpenPort(Show.InterfaceType);
     if (InterfaceReady(Show.InterfaceType)) EnableOutputClock();
 }
