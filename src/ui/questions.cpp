@@ -101,7 +101,6 @@ protected:
 QFileDialog* MakeFileDialog(QWidget* window) {
     auto* dialog = new FileDialog(window);
     dialog->setOption(QFileDialog::DontUseNativeDialog);
-    dialog->resize(760, 480); // wide enough for sizes and dates to stand in full
     return dialog;
 }
 
@@ -121,8 +120,12 @@ template<class Dialog> Dialog& Kept(Dialog* (*make)(QWidget*), const std::functi
     return *make(window);
 }
 
-void Propose(QFileDialog& dialog, const QString& name) {
-    dialog.findChild<QLineEdit*>("fileNameEdit")->clear(); // an empty name would leave the one before
+// Nothing is left of the question before.
+void Propose(QFileDialog& dialog, const QString& folder, const QString& name) {
+    dialog.resize(760, 480); // wide enough for sizes and dates to stand in full
+    dialog.setHistory({});
+    dialog.setDirectory(folder);
+    dialog.findChild<QLineEdit*>("fileNameEdit")->clear(); // an empty name would leave that one
     dialog.selectFile(name);
 }
 
@@ -135,8 +138,7 @@ std::optional<std::string> AskFile(const FileQuestion& question, QFileDialog::Ac
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilter(filter + ' ' + filter.toLower()); // files from elsewhere come in either case
     dialog.setDefaultSuffix(Shown(question.Extension));
-    dialog.setDirectory(Shown(question.Folder));
-    Propose(dialog, Shown(question.Name));
+    Propose(dialog, Shown(question.Folder), Shown(question.Name));
     afterTick();
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();

@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -110,11 +111,26 @@ TEST_F(FileDialogTest, DialogsMadeAheadAreOnlyShown) {
     EXPECT_EQ(waits, 3);
 }
 
-TEST_F(FileDialogTest, NameOfTheQuestionBeforeIsForgotten) {
+TEST_F(FileDialogTest, QuestionBeforeIsForgotten) {
     StartWithWall();
-    ChooseFile("abend");
+    WhenAsked([](QDialog* asked) {
+        asked->resize(900, 600);
+        auto* name = asked->findChild<QLineEdit*>("fileNameEdit");
+        name->setFocus();
+        name->selectAll();
+        QTest::keyClicks(name, "abend");
+        QTest::keyClick(name, Qt::Key_Enter);
+    });
     Choose("mnuConfigSpeichern");
-    EXPECT_EQ(LookAt("mnuFarbtblSpeichern", false).Name, "");
+    WhenAsked([](QDialog* asked) {
+        auto* files = qobject_cast<QFileDialog*>(asked);
+        EXPECT_EQ(files->findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), "");
+        EXPECT_EQ(files->size(), QSize(760, 480));
+        for (const QString& folder : files->history())
+            EXPECT_EQ(QUrl(folder).fileName().toStdString(), "Farbtbl");
+        QTest::keyClick(files, Qt::Key_Escape);
+    });
+    Choose("mnuFarbtblSpeichern");
 }
 
 TEST_F(FileDialogTest, CancelledLoadSaysSoAndKeepsTheCurrentFile) {
