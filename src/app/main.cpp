@@ -71,8 +71,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(ProgramIcon());
 
     Outside outside(programFolder);
-    const auto afterTick = [&heartbeat] { heartbeat.WaitForBeat(); };
-    AskByDialogs(afterTick);
+    AskByDialogs([&heartbeat] { heartbeat.WaitForBeat(); });
     MDIHaupt window;
     Host.DoEvents = [&window] {
         RunEvents();
@@ -89,7 +88,5 @@ int main(int argc, char** argv) {
         PlacePictures(Host.ProgramFolder);
         for (const std::string& message : outside.Messages()) ShowMessage(message);
     });
-    // When the start has calmed down, and before anybody can have asked for one.
-    QTimer::singleShot(1000, &window, [afterTick] { MakeDialogs(afterTick); });
     return QApplication::exec();
 }

@@ -171,9 +171,4 @@ void AskByDialogs(const std::function<void()>& afterTick) {
     Host.Beep = [] { QApplication::beep(); };
 }
 
-void MakeDialogs(const std::function<void()>& afterTick) {
-    Kept(MakeFileDialog, afterTick);
-    Kept(MakeColourDialog, afterTick);
-}
-
 } // namespace quorvane

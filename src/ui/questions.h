@@ -6,11 +6,9 @@
 namespace quorvane {
 
 // Fills Host.MsgBox, AskOpenFile, AskSaveFile, AskColour and Beep. afterTick comes back when a tick of the
-// output has just passed, at once when none is due: it is called before anything that takes some tens of ms.
+// output has just passed, at once when none is due: making and showing a dialog take some tens of ms, and so
+// each has most of a period to itself. The file dialog and the colour dialog are made for the first question,
+// kept, and go with the main window.
 void AskByDialogs(const std::function<void()>& afterTick = [] {});
-
-// Makes the file dialog and the colour dialog ahead of the first question, each right after a tick. They are
-// kept for all questions and go with the main window: making one anew takes longer than a tick may be late.
-void MakeDialogs(const std::function<void()>& afterTick);
 
 } // namespace quorvane

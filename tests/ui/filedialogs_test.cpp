@@ -98,19 +98,6 @@ TEST_F(FileDialogTest, MakingAndShowingEachWaitForATickToPass) {
     EXPECT_EQ(waits, 3) << "the dialog was made once more";
 }
 
-TEST_F(FileDialogTest, DialogsMadeAheadAreOnlyShown) {
-    int waits = 0;
-    const auto afterTick = [&waits] { ++waits; };
-    AskByDialogs(afterTick);
-    StartProgram();
-    MakeDialogs(afterTick);
-    EXPECT_EQ(waits, 2) << "one for files, one for colours";
-    MakeDialogs(afterTick);
-    EXPECT_EQ(waits, 2);
-    LookAt("mnuFarbTblLaden", true);
-    EXPECT_EQ(waits, 3);
-}
-
 TEST_F(FileDialogTest, QuestionBeforeIsForgotten) {
     StartWithWall();
     WhenAsked([](QDialog* asked) {
