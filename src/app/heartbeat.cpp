@@ -2,6 +2,7 @@
 
 #include "devices/playunit.h"
 #include "engine/outputclock.h"
+#include "model/afterframe.h"
 #include "model/screen.h"
 #include "model/show.h"
 #include "platform/host.h"
@@ -27,7 +28,7 @@ namespace {
 void RunTick(const Clock& clock, void (*tick)(), void (*stop)()) {
     if (!clock.Enabled) return;
     try {
-        tick();
+        FrameFirst(tick);
     } catch (const std::exception& fault) {
         stop();
         ShowMessage(std::string("Die DMX-Ausgabe wurde angehalten.\n") + fault.what(), Icon::Critical);

@@ -7,8 +7,11 @@
 #include <functional>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace quorvane {
+
+class AfterFrame;
 
 template<class... Arguments> class Slot {
 public:
@@ -84,6 +87,10 @@ struct ScreenCalls {
     // Element dialog.
     Slot<> ActivateElementWindow; // the one selected element is another: show its patch
     Slot<> PatchLoaded;           // the patch shown is no longer the one in the show
+
+    // What the windows show when the tick that runs is through.
+    std::vector<AfterFrame*> Waiting;
+    int TicksRunning = 0; // one within another when a message box of the first lets events run
 };
 
 inline ScreenCalls Screen;

@@ -63,7 +63,7 @@ constexpr std::array<ButtonText, 7> buttonTexts{{
 frmControl::frmControl()
     : ChildWindow("frmControl", SequencerWindow, Status::SequencerWindowOpen),
       chkFaktor(new QCheckBox(fieldTexts[FactorField].Caption)),
-      status(new StatusLine("Statuszeile des Sequenzers")) {
+      status(new StatusLine("Statuszeile des Sequenzers")), showing([this] { ShowWhatIsNew(); }) {
     setWindowTitle("SEQUENZER");
     MakeFields();
     MakeButtons();
@@ -158,16 +158,27 @@ void frmControl::ConnectControls() {
 }
 
 void frmControl::FillScreen() {
-    // A field that somebody is typing in is left alone by the playback.
-    Screen.SequencerField = [this](int index, std::string_view text) {
-        Field* field = txtSequence.at(At(index));
-        if (!field->hasFocus() || !field->Edited()) field->Put(Shown(text));
+    Screen.SequencerField = [this](int index, std::string_view) {
+        staleFields.set(At(index));
+        showing.Ask();
     };
     Screen.SequencerStatus = [this](std::string_view text) {
         advised = false;
-        status->lblStatus->setText(Shown(text));
+        statusText = text;
+        showing.Ask();
     };
     Screen.SequencerCaption = [this](std::string_view text) { setWindowTitle(ShownAsTitle(text)); };
+}
+
+// A field that somebody is typing in is left alone by the playback.
+void frmControl::ShowWhatIsNew() {
+    for (int index = StepField; index <= FactorField; ++index) {
+        Field* field = txtSequence.at(At(index));
+        const bool typing = field->hasFocus() && field->Edited();
+        if (staleFields.test(At(index)) && !typing) field->Put(Shown(Show.SequencerField[index]));
+    }
+    staleFields.reset();
+    status->lblStatus->setText(Shown(statusText));
 }
 
 void frmControl::Form_Load() {

@@ -2,9 +2,12 @@
 // the step now shown and the speed of the whole are typed in.
 #pragma once
 
+#include "model/afterframe.h"
 #include "ui/childwindow.h"
 
 #include <array>
+#include <bitset>
+#include <string>
 
 class QCheckBox;
 class QLabel;
@@ -40,6 +43,7 @@ private:
     void SetTabOrder();
     void ConnectControls();
     void FillScreen();
+    void ShowWhatIsNew();
 
     void txtSequence_Change(int index);
     void txtSequence_KeyUp(int index, int key);
@@ -52,6 +56,9 @@ private:
 
     StatusLine* status;
     bool advised = false; // the status line shows advice on what is being typed
+    AfterFrame showing;   // of what follows
+    std::bitset<4> staleFields;
+    std::string statusText;
 };
 
 } // namespace quorvane

@@ -16,6 +16,7 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
+#include <utility>
 #include <vector>
 
 namespace quorvane {
@@ -51,7 +52,7 @@ QLabel* PlainLabel(const char* text) {
 frmDMX::frmDMX()
     : ChildWindow("frmDMX", TestWindow, Status::TestWindowOpen), cmdDMX(new QPushButton("Testmode starten")),
       Frame1(new QFrame), lblDMX(new QLabel("Es wurde kein DMX Interface erkannt")),
-      status(new StatusLine("Statuszeile des DMX-Tests")) {
+      status(new StatusLine("Statuszeile des DMX-Tests")), monitor([this] { ShowLevels(); }) {
     setWindowTitle("DMX Test");
     setAutoFillBackground(true);
     for (int index = 0; index < Rows; ++index) MakeRow(index);
@@ -169,16 +170,20 @@ void frmDMX::ConnectControls() {
 }
 
 void frmDMX::FillScreen() {
-    // At every tick: only what differs is written.
     Screen.MonitorValue = [this](int row, int value) {
-        if (shown.at(At(row)) == value) return;
-        shown.at(At(row)) = value;
-        txtDMX.at(At(row))->setText(QString::number(value));
+        levels.at(At(row)) = value;
+        monitor.Ask();
     };
     Screen.TestModeEnded = [this] {
         ShowTestMode(false);
         ShowStatus("Testmodus aus. DMX-Werte entsprechen den Ausgabewerten.");
     };
+}
+
+void frmDMX::ShowLevels() {
+    for (int row = 0; row < Rows; ++row)
+        if (std::exchange(shown.at(At(row)), levels.at(At(row))) != levels.at(At(row)))
+            txtDMX.at(At(row))->setText(QString::number(levels.at(At(row))));
 }
 
 // The faders stand where their channels' levels do, so that starting the test mode changes none of them.

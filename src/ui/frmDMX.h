@@ -3,6 +3,7 @@
 // here, in the sequencer, in the colour window, or by closing this window.
 #pragma once
 
+#include "model/afterframe.h"
 #include "ui/childwindow.h"
 
 #include <array>
@@ -49,6 +50,7 @@ private:
     void SetTabOrder();
     void ConnectControls();
     void FillScreen();
+    void ShowLevels();
 
     void ScrDMX_Change(int index);
     void cmdDMX_Click();
@@ -60,7 +62,9 @@ private:
     void ShowStatus(const char* text);
 
     StatusLine* status;
-    std::array<int, 8> shown{}; // in txtDMX
+    AfterFrame monitor;
+    std::array<int, 8> levels{}; // of the channels watched
+    std::array<int, 8> shown{};  // in txtDMX
 };
 
 } // namespace quorvane

@@ -6,6 +6,7 @@
 #include "ui/keys.h"
 #include "ui/shown.h"
 #include "ui/wallelement.h"
+#include "ui/wallsurface.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -34,7 +35,8 @@ double DrawnField(double stored, int fields) {
 
 frmWand::frmWand()
     : ChildWindow("frmWand", WallWindow, Status::WallWindowOpen), lblStatus(new QLabel),
-      area(new QScrollArea), grid(new QWidget) {
+      area(new QScrollArea), grid(new QWidget), surface(new WallSurface(lblElement, grid)),
+      drawing([this] { surface->Refresh(); }) {
     setFocusPolicy(Qt::StrongFocus);
     lblStatus->setObjectName("lblStatus");
     lblStatus->setAccessibleName("Statuszeile der Wand");
@@ -63,7 +65,9 @@ void frmWand::FillScreen() {
     Screen.AddElement = [this](int index, int column, int row) { AddElement(index, column, row); };
     Screen.RemoveElement = [this](int index) { RemoveElement(index); };
     Screen.PaintElement = [this](int index, ScreenColour colour) {
-        if (HasField(index)) PaintElement(index, colour);
+        if (!HasField(index)) return;
+        FieldAt(index)->Paint(colour);
+        drawing.Ask();
     };
     Screen.PaintSelected = [this](int index) {
         if (HasField(index)) FieldAt(index)->PaintSelected();
@@ -76,25 +80,12 @@ void frmWand::FillScreen() {
     Screen.ActivateWall = [this] { Frame()->mdiArea()->setActiveSubWindow(Frame()); };
 }
 
-// Within a tick only the colour is kept: the frame goes out first, then the fields are drawn.
-void frmWand::PaintElement(int index, ScreenColour colour) {
-    FieldAt(index)->Paint(colour);
-    if (refreshPending) return;
-    refreshPending = true;
-    QMetaObject::invokeMethod(
-        this, [this] { RefreshFields(); }, Qt::QueuedConnection);
-}
-
-void frmWand::RefreshFields() {
-    refreshPending = false;
-    for (WallElement* field : lblElement) field->Refresh();
-}
-
 void frmWand::SizeWall(double width, double height, double labelWidth, double labelHeight) {
     fieldWidth = DrawnField(labelWidth, Show.WallColumns);
     fieldHeight = DrawnField(labelHeight, Show.WallRows);
     grid->resize(static_cast<int>(fieldWidth * Show.WallColumns),
                  static_cast<int>(fieldHeight * Show.WallRows));
+    surface->resize(grid->size());
 
     // The formula leaves too little below small walls for the status line, so that has a say too.
     const QSize formula(PixelsOf(width), PixelsOf(height));
@@ -114,7 +105,7 @@ void frmWand::PlaceWall(const QRect& place) {
 }
 
 void frmWand::AddElement(int index, int column, int row) {
-    auto* field = new WallElement(index, grid);
+    auto* field = new WallElement(index, grid, surface);
     // Edges are rounded, not widths, so that no gap opens between fields.
     const int left = static_cast<int>(fieldWidth * (column - 1));
     const int top = static_cast<int>(fieldHeight * (row - 1));
@@ -123,11 +114,14 @@ void frmWand::AddElement(int index, int column, int row) {
     field->installEventFilter(this);
     field->show();
     lblElement.push_back(field);
+    surface->raise();
+    surface->show();
 }
 
 void frmWand::RemoveElement(int index) {
     delete lblElement.at(static_cast<std::size_t>(index));
     lblElement.pop_back();
+    surface->setVisible(!lblElement.empty()); // it covers the fields only
 }
 
 bool frmWand::HasField(int index) const { return index >= 0 && index < static_cast<int>(lblElement.size()); }

@@ -3,6 +3,7 @@
 // move from field to field, the blank stands for a click, the menu key for a click with the right button.
 #pragma once
 
+#include "model/afterframe.h"
 #include "model/screen.h"
 #include "ui/childwindow.h"
 
@@ -16,6 +17,7 @@ class QScrollArea;
 namespace quorvane {
 
 class WallElement;
+class WallSurface;
 
 class frmWand : public ChildWindow {
 public:
@@ -33,8 +35,6 @@ protected:
 
 private:
     void FillScreen();
-    void PaintElement(int index, ScreenColour colour);
-    void RefreshFields();
     void SizeWall(double width, double height, double labelWidth, double labelHeight);
     void AddElement(int index, int column, int row);
     void RemoveElement(int index);
@@ -46,12 +46,13 @@ private:
     void FocusField(int index);
 
     QScrollArea* area;
-    QWidget* grid; // carries the fields, gapless from its top left
+    QWidget* grid;        // carries the fields, gapless from its top left
+    WallSurface* surface; // over the fields
     std::vector<WallElement*> lblElement;
-    bool refreshPending = false; // painted colours wait to be drawn
-    double fieldWidth = 0;       // pixels
-    double fieldHeight = 0;      // pixels
-    int focusIndex = 0;          // the field that has the focus when the window has it
+    AfterFrame drawing;     // of the colours painted since
+    double fieldWidth = 0;  // pixels
+    double fieldHeight = 0; // pixels
+    int focusIndex = 0;     // the field that has the focus when the window has it
 };
 
 } // namespace quorvane

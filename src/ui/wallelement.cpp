@@ -3,9 +3,12 @@
 #include <QFocusEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace quorvane {
 
-WallElement::WallElement(int index, QWidget* parent) : QWidget(parent), Index(index) {
+WallElement::WallElement(int index, QWidget* parent, QWidget* drawnBy)
+    : QWidget(parent), Index(index), surface(drawnBy) {
     setObjectName(QString("lblElement(%1)").arg(index));
     setAccessibleName(QString("Element %1").arg(index + 1));
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -18,34 +21,27 @@ void WallElement::Paint(ScreenColour colour) {
     background = painted;
 }
 
-void WallElement::Refresh() {
-    if (stale) update();
-    stale = false;
-}
+bool WallElement::TakeStale() { return std::exchange(stale, false); }
 
 void WallElement::PaintSelected() {
     SetText(Qt::red);
-    SetBackground(palette().color(QPalette::Highlight));
+    background = palette().color(QPalette::Highlight);
+    DrawAnew();
 }
 
 void WallElement::PaintUnselected(ScreenColour colour) {
     SetText(Qt::white);
     Paint(colour);
-    Refresh();
-}
-
-void WallElement::SetBackground(const QColor& colour) {
-    if (colour == background) return;
-    background = colour;
-    update();
+    DrawAnew();
 }
 
 void WallElement::SetText(const QColor& colour) {
     if (colour == text) return;
     text = colour;
     number = {};
-    update();
 }
+
+void WallElement::DrawAnew() { surface->update(geometry()); }
 
 // With an edge, so that white can be read on white and red on the dark highlight.
 void WallElement::DrawNumber() {
@@ -64,26 +60,31 @@ void WallElement::DrawNumber() {
     painter.drawText(place, Qt::AlignCenter, digits);
 }
 
-void WallElement::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), background);
+void WallElement::Draw(QPainter& painter, const QRect& place) {
+    painter.fillRect(place, background);
     if (number.isNull() || number.devicePixelRatio() != devicePixelRatioF()) DrawNumber();
-    const QSize size = number.deviceIndependentSize().toSize();
-    painter.drawPixmap((width() - size.width()) / 2, (height() - size.height()) / 2, number);
+    const QSize room = place.size() - number.deviceIndependentSize().toSize();
+    painter.drawPixmap(place.topLeft() + QPoint(room.width() / 2, room.height() / 2), number);
     if (!framed || !hasFocus()) return;
     // Two lines, so that the frame is seen on every colour.
     painter.setPen(Qt::black);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.drawRect(place.adjusted(0, 0, -1, -1));
     painter.setPen(Qt::white);
-    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    painter.drawRect(place.adjusted(1, 1, -2, -2));
+}
+
+// Where the field is asked for alone.
+void WallElement::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    Draw(painter, rect());
 }
 
 // Turning back to the window brings the frame back that was there.
 void WallElement::focusInEvent(QFocusEvent* event) {
     if (event->reason() != Qt::ActiveWindowFocusReason) framed = event->reason() != Qt::MouseFocusReason;
-    update();
+    DrawAnew();
 }
 
-void WallElement::focusOutEvent(QFocusEvent*) { update(); }
+void WallElement::focusOutEvent(QFocusEvent*) { DrawAnew(); }
 
 } // namespace quorvane

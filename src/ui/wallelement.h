@@ -1,5 +1,5 @@
-// One element of the wall: a field in the element's colour with its number. As light as a widget can be,
-// since up to 121 of them change twenty times a second while a sequence blends.
+// One element of the wall: a field in the element's colour with its number. It is what is pressed and
+// focused; what is seen of it the WallSurface draws.
 #pragma once
 
 #include "model/screen.h"
@@ -11,18 +11,21 @@ namespace quorvane {
 
 class WallElement : public QWidget {
 public:
-    // index is element - 1; the field shows the element's number.
-    WallElement(int index, QWidget* parent);
+    // index is element - 1; the field shows the element's number. surface lies over the field.
+    WallElement(int index, QWidget* parent, QWidget* surface);
 
     const int Index;
 
-    // Background only, on purpose: the text keeps the colour it has. Seen after Refresh.
+    // Background only, on purpose: the text keeps the colour it has. Seen when the surface asks for it.
     void Paint(ScreenColour colour);
-    // Has the field drawn anew when Paint has changed it.
-    void Refresh();
+    // Whether Paint has changed the field since this was asked last.
+    bool TakeStale();
     // Highlight background and red text.
     void PaintSelected();
     void PaintUnselected(ScreenColour colour);
+
+    // As it looks now, at that place.
+    void Draw(QPainter& painter, const QRect& place);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -30,10 +33,11 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void SetBackground(const QColor& colour);
     void SetText(const QColor& colour);
     void DrawNumber();
+    void DrawAnew();
 
+    QWidget* surface;
     QPixmap number; // drawn once, since the field is painted at every tick of a blend
     QColor background = Qt::black;
     QColor text = Qt::white;

@@ -8,6 +8,7 @@
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0"); // what is drawn is on the screen with the next events
     testing::InitGoogleTest(&argc, argv);
     quorvane::BlockQuitSignals();
     quorvane::Application application(argc, argv);

@@ -7,9 +7,7 @@ namespace quorvane {
 
 class Preview : public SequencerWindowBench {
 protected:
-    QColor ShownColour() {
-        return Find<QWidget>("frmWand", "lblElement(0)")->grab().toImage().pixelColor(4, 4);
-    }
+    QColor ShownColour() { return OnScreen(Find<QWidget>("frmWand", "lblElement(0)")).pixelColor(4, 4); }
     void ExpectPlaysOnTheWall() {
         MakeSequence(2);
         main->Wand->Open();

@@ -213,6 +213,25 @@ TEST_F(SequencerWindowTest, PlayAndStopTellTheCaptionAndTheStatusLine) {
     EXPECT_EQ(Caption(), ": KMO DMX QUORVANE  ....stopped");
 }
 
+TEST_F(SequencerWindowTest, FrameIsOutBeforeTheWindowIsTouched) {
+    Open();
+    MakeSequence(3);
+    Click(Button(2));
+    std::vector<std::string> seen; // when a frame leaves, and after its tick
+    const auto look = [this, &seen] { seen.push_back(Shown(0) + ", " + StatusText()); };
+    Host.DasHardCommand = [&look](std::int32_t command, std::int32_t, std::uint8_t*) {
+        if (command == 4) look();
+        return 0;
+    };
+    Ticks(1);
+    look();
+    EXPECT_EQ(seen, (std::vector<std::string>{"1, Sequenz wird abgespielt.", "2, 6Blend "}));
+    seen.clear();
+    Ticks(1);
+    look();
+    EXPECT_EQ(seen, (std::vector<std::string>{"2, 6Blend ", "2, 3Hold  "}));
+}
+
 TEST_F(SequencerWindowTest, StatusOfATickMovesNothingElse) {
     struct Layouts : QObject {
         int Count = 0;

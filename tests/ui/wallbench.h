@@ -37,10 +37,10 @@ protected:
         return Find<QWidget>("frmWand", ("lblElement(" + std::to_string(element - 1) + ")").c_str());
     }
     // The colour of an element's field as it stands on the screen, beside its number.
-    QColor ShownColour(int element) { return Element(element)->grab().toImage().pixelColor(4, 4); }
+    QColor ShownColour(int element) { return OnScreen(Element(element)).pixelColor(4, 4); }
     // True when the field's number, or its frame, has a pixel of exactly this colour.
     bool Shows(int element, const QColor& colour) {
-        const QImage image = Element(element)->grab().toImage();
+        const QImage image = OnScreen(Element(element));
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
                 if (image.pixelColor(x, y) == colour) return true;

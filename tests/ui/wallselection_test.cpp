@@ -307,7 +307,7 @@ TEST_F(WallSelection, ArrowsMoveAFrameAndTheBlankSelectsLikeAClick) {
     Key(Qt::Key_Down);
     EXPECT_TRUE(Element(6)->hasFocus());
     EXPECT_EQ(Selected(), (Elements{})); // moving selects nothing
-    EXPECT_EQ(Element(6)->grab().toImage().pixelColor(1, 1), QColor(Qt::white));
+    EXPECT_EQ(OnScreen(Element(6)).pixelColor(1, 1), QColor(Qt::white));
     Key(Qt::Key_Space);
     EXPECT_EQ(Selected(), (Elements{6}));
     Key(Qt::Key_Left);
@@ -335,7 +335,7 @@ TEST_F(WallSelection, ClickShowsNoFrame) {
     StartWithWall(4, 3);
     Click(Element(6));
     EXPECT_TRUE(Element(6)->hasFocus());
-    EXPECT_EQ(Element(6)->grab().toImage().pixelColor(1, 1), Highlight());
+    EXPECT_EQ(OnScreen(Element(6)).pixelColor(1, 1), Highlight());
 }
 
 TEST_F(WallSelection, MenuKeyIsARightClickOnTheFieldWithTheFocus) {

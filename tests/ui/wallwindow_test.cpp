@@ -8,10 +8,25 @@
 
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QPaintEvent>
 
 #include <algorithm>
 
 namespace quorvane {
+
+// What of a widget is drawn from now on.
+class DrawnRegion : public QObject {
+public:
+    explicit DrawnRegion(QWidget* widget) {
+        QCoreApplication::processEvents();
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) Region += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+    QRegion Region;
+};
 
 class WallWindowTest : public WindowBench {
 protected:
@@ -26,8 +41,8 @@ protected:
     QWidget* Field(int index) {
         return Find<QWidget>("frmWand", ("lblElement(" + std::to_string(index) + ")").c_str());
     }
-    // The colour of a field as it stands on the screen, beside its number.
-    QColor Shown(int index) { return Field(index)->grab().toImage().pixelColor(2, 2); }
+    // The colour of a field beside its number.
+    QColor Shown(int index) { return OnScreen(Field(index)).pixelColor(2, 2); }
 };
 
 TEST_F(WallWindowTest, FieldsLieGaplessRowByRowFromTheTopLeft) {
@@ -53,6 +68,49 @@ TEST_F(WallWindowTest, FieldIsPaintedWithItsUncorrectedMixedColour) {
     ShowWallColour(1);
     EXPECT_EQ(Shown(1), QColor(255, 100, 100));
     EXPECT_EQ(Shown(0), QColor(0, 0, 0));
+}
+
+TEST_F(WallWindowTest, OnlyFieldsOfAnotherColourAreDrawn) {
+    StartProgram();
+    MakeWall(4, 3);
+    main->Wand->Open();
+    DrawnRegion drawn(Find<QWidget>("frmWand", "picWand"));
+    Show.ElementValue[2][1] = Show.ElementValue[7][1] = 200;
+    for (int index = 0; index < 12; ++index) ShowWallColour(index);
+    EXPECT_EQ(Shown(1), QColor(200, 0, 0));
+    EXPECT_EQ(Shown(6), QColor(200, 0, 0));
+    EXPECT_EQ(drawn.Region, QRegion(Field(1)->geometry()) + Field(6)->geometry());
+}
+
+TEST_F(WallWindowTest, PressOnThePictureOfTheWallReachesTheFieldBelow) {
+    StartProgram();
+    MakeWall(4, 3);
+    main->Wand->Open();
+    QTest::mouseClick(main->windowHandle(), Qt::LeftButton, {},
+                      Field(6)->mapTo(main.get(), Field(6)->rect().center()));
+    EXPECT_EQ(main->Wand->lblStatus->text().toStdString(), " Es wurde Element Nr 7 ausgewählt. ");
+}
+
+TEST_F(WallWindowTest, WindowWithoutAWallIsBare) {
+    StartProgram();
+    main->Wand->Open();
+    const QImage screen = OnScreen(main->Wand);
+    EXPECT_EQ(screen.pixelColor(0, 0), main->palette().color(QPalette::Window));
+    EXPECT_TRUE(Find<QWidget>("frmWand", "picWand")->isHidden());
+}
+
+TEST_F(WallWindowTest, WallThatIsGoneLeavesNothingOfItsPicture) {
+    StartProgram();
+    MakeWall(2, 2);
+    main->Wand->Open();
+    ASSERT_EQ(Shown(3), QColor(0, 0, 0));
+    const QWidget* picture = Find<QWidget>("frmWand", "picWand");
+    const QRect place(picture->mapTo(main.get(), QPoint()), picture->size());
+    RemoveWall();
+    const QImage after = OnScreen(main.get()).copy(place);
+    const QColor bare = main->palette().color(QPalette::Window);
+    EXPECT_EQ(after.pixelColor(0, 0), bare);
+    EXPECT_EQ(after.pixelColor(after.width() - 1, after.height() - 1), bare);
 }
 
 TEST_F(WallWindowTest, EveryFieldCarriesItsElementsNumber) {

@@ -1,6 +1,7 @@
 #include "ui/windowbench.h"
 
 #include "engine/outputclock.h"
+#include "model/afterframe.h"
 #include "model/screen.h"
 #include "ui/questions.h"
 
@@ -12,6 +13,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -165,9 +167,19 @@ void WindowBench::LookForDialog() {
     std::erase(dialogs, modal); // some dialogs are kept, and come again
 }
 
+QImage WindowBench::OnScreen(const QWidget* widget) {
+    QCoreApplication::processEvents(); // what has changed is asked to be drawn
+    QCoreApplication::processEvents(); // and drawn
+    const QWidget* window = widget->window();
+    const QPoint place = widget->mapTo(window, QPoint());
+    return window->screen()
+        ->grabWindow(window->winId(), place.x(), place.y(), widget->width(), widget->height())
+        .toImage();
+}
+
 void WindowBench::Ticks(int count) {
     for (int tick = 0; tick < count; ++tick)
-        if (Show.AutoXmit.Enabled) AutoXmit_Timer();
+        if (Show.AutoXmit.Enabled) FrameFirst(AutoXmit_Timer);
 }
 
 void WindowBench::Write(const std::string& name, const std::string& bytes) {

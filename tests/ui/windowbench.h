@@ -65,6 +65,9 @@ protected:
     // What happens once, when the program waits and lets events run.
     void WhileWaiting(std::function<void()> act) { whileWaiting = std::move(act); }
 
+    // What stands on the screen of a widget: nothing is painted for the question.
+    QImage OnScreen(const QWidget* widget);
+
     void Ticks(int count);
     void Write(const std::string& name, const std::string& bytes);
     std::string Read(const std::string& name);

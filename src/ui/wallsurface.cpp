@@ -1,0 +1,31 @@
+#include "ui/wallsurface.h"
+
+#include "ui/wallelement.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace quorvane {
+
+WallSurface::WallSurface(const std::vector<WallElement*>& wallFields, QWidget* parent)
+    : QWidget(parent), fields(wallFields) {
+    setObjectName("picWand");
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide(); // until there is a field
+}
+
+void WallSurface::Refresh() {
+    QRegion changed;
+    for (WallElement* field : fields)
+        if (field->TakeStale()) changed += field->geometry();
+    if (!changed.isEmpty()) update(changed);
+}
+
+void WallSurface::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    for (WallElement* field : fields)
+        if (event->region().intersects(field->geometry())) field->Draw(painter, field->geometry());
+}
+
+} // namespace quorvane
