@@ -183,6 +183,32 @@ def busy_process(seconds):
     return subprocess.Popen(["python3", "-c", code])
 
 
+class BareTimer:
+    """A process that does nothing but wake up once a period: how late the machine itself is meanwhile."""
+    CODE = """
+import ctypes, sys, time
+class Time(ctypes.Structure):
+    _fields_ = [("seconds", ctypes.c_long), ("nanoseconds", ctypes.c_long)]
+sleep, monotonic, absolute = ctypes.CDLL(None).clock_nanosleep, 1, 1
+period, count = int(sys.argv[1]), int(sys.argv[2])
+due, woke = time.monotonic_ns(), []
+for _ in range(count):
+    due += period
+    sleep(monotonic, absolute, ctypes.byref(Time(*divmod(due, 10**9))), None)
+    woke.append(time.monotonic_ns())
+print(*woke)
+"""
+
+    def __init__(self, seconds, period_ms):
+        arguments = [str(round(period_ms * 1e6)), str(int(seconds * 1e3 / period_ms))]
+        self.process = subprocess.Popen(["python3", "-c", self.CODE, *arguments], stdout=subprocess.PIPE, text=True)
+
+    def jitter(self, period_ms):
+        """To be asked when the seconds are over."""
+        woke = [int(at) for at in self.process.communicate()[0].split()]
+        return [abs((after - before) / 1e6 - period_ms) for before, after in zip(woke, woke[1:])]
+
+
 def end(process):
     process.terminate()
     try:
