@@ -24,6 +24,13 @@ namespace quorvane {
 
 namespace {
 
+// A processor at rest takes a tenth of a millisecond and more to get going. The timer wakes the program that
+// much early, and the tick's own moment is waited for awake: the frames leave evenly, for a four-hundredth of
+// a processor.
+constexpr double HeadStart = 0.00025; // seconds
+
+bool AnyClockRuns() { return Show.AutoXmit.Enabled || Show.timSendToMerger.Enabled; }
+
 // A tick that fails stops its clock before anything is shown: one box, and not twenty a second.
 void RunTick(const Clock& clock, void (*tick)(), void (*stop)()) {
     if (!clock.Enabled) return;
@@ -48,15 +55,16 @@ Heartbeat::Heartbeat() {
     connect(notifier, &QSocketNotifier::activated, this, [this] { Beat(); });
 #endif
     grid.Start(Seconds());
-    timer.ArmAt(grid.Next());
+    timer.ArmAt(grid.Next() - HeadStart);
 }
 
 // The next beat is armed first: a message box out of a tick runs the event loop, and the clock goes on behind
 // it.
 void Heartbeat::Beat() {
     if (!timer.Acknowledge()) return;
+    while (AnyClockRuns() && Seconds() < grid.Next()) continue;
     grid.Advance(Seconds());
-    timer.ArmAt(grid.Next());
+    timer.ArmAt(grid.Next() - HeadStart);
     RunTick(Show.AutoXmit, AutoXmit_Timer, StopOutputClock);
     RunTick(Show.timSendToMerger, timSendToMerger_Timer, AbandonTransfer);
     awake.Follow(Show.AutoXmit.Enabled, Show.StatusFlags.Has(Status::SequencePlaying));
@@ -64,7 +72,7 @@ void Heartbeat::Beat() {
 }
 
 void Heartbeat::WaitForBeat() {
-    if (!Show.AutoXmit.Enabled && !Show.timSendToMerger.Enabled) return;
+    if (!AnyClockRuns()) return;
     QEventLoop loop;
     QEventLoop* const outer = std::exchange(waiting, &loop);
     loop.exec(QEventLoop::ExcludeUserInputEvents);

@@ -4,6 +4,7 @@
 #include "model/screen.h"
 #include "model/show.h"
 #include "platform/host.h"
+#include "platform/monotonicclock.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +39,8 @@ protected:
         Show.TransferImage = static_cast<std::uint8_t>(image);
     }
 
-    Heartbeat heartbeat;
+    const double begun = Seconds();
+    Heartbeat heartbeat; // its grid begins here
     int sent = 0;
 };
 
@@ -48,6 +50,19 @@ TEST_F(HeartbeatTest, WaitEndsRightAfterATick) {
     EXPECT_EQ(sent, 1);
     heartbeat.WaitForBeat();
     EXPECT_EQ(sent, 2);
+}
+
+TEST_F(HeartbeatTest, NoFrameLeavesBeforeItsTime) {
+    constexpr int frames = 20;
+    std::vector<double> times;
+    Host.DasHardCommand = [&times](std::int32_t command, std::int32_t, std::uint8_t*) {
+        if (command == 4) times.push_back(Seconds());
+        return 0;
+    };
+    Show.AutoXmit.Enabled = true;
+    while (times.size() < frames) heartbeat.WaitForBeat();
+    for (int frame = 0; frame < frames; ++frame)
+        EXPECT_GE(times.at(static_cast<std::size_t>(frame)) - begun, 0.050 * (frame + 1)) << frame;
 }
 
 TEST_F(HeartbeatTest, NothingIsWaitedForWhileNoClockIsEnabled) {
