@@ -7,6 +7,7 @@
 #include "model/show.h"
 #include "platform/host.h"
 #include "platform/monotonicclock.h"
+#include "platform/promptthread.h"
 
 #include <QEventLoop>
 #include <QtGlobal>
@@ -46,7 +47,8 @@ void StopOutputClock() { Show.AutoXmit.Enabled = false; }
 
 } // namespace
 
-Heartbeat::Heartbeat() {
+Heartbeat::Heartbeat(double begin) {
+    MakeThreadPrompt();
 #ifdef Q_OS_WIN
     auto* notifier = new QWinEventNotifier(reinterpret_cast<Qt::HANDLE>(timer.Handle()), this);
     connect(notifier, &QWinEventNotifier::activated, this, [this] { Beat(); });
@@ -54,7 +56,7 @@ Heartbeat::Heartbeat() {
     auto* notifier = new QSocketNotifier(static_cast<qintptr>(timer.Handle()), QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] { Beat(); });
 #endif
-    grid.Start(Seconds());
+    grid.Start(begin);
     timer.ArmAt(grid.Next() - HeadStart);
 }
 

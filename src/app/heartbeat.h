@@ -14,7 +14,9 @@ namespace quorvane {
 
 class Heartbeat : public QObject {
 public:
-    Heartbeat();
+    // begin: the moment from which the beats are counted, in Seconds(). The first is due 50 ms later, or as
+    // soon as events are served.
+    explicit Heartbeat(double begin);
 
     // Comes back right after the next beat, at once while no clock is enabled. Input waits meanwhile, so that
     // nothing is begun twice.

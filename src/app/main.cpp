@@ -5,6 +5,7 @@
 #include "app/pictures.h"
 #include "app/quitsignal.h"
 #include "platform/host.h"
+#include "platform/monotonicclock.h"
 #include "ui/MDIHaupt.h"
 #include "ui/icons.h"
 #include "ui/questions.h"
@@ -56,12 +57,13 @@ bool Start(MDIHaupt& window) {
 } // namespace
 
 int main(int argc, char** argv) {
+    const double begin = Seconds();
     BlockQuitSignals();
     Application application(argc, argv);
     QCoreApplication::setApplicationName("Quorvane");
     QCoreApplication::setApplicationVersion("1.21");
     const auto programFolder = GivenProgramFolder(application);
-    Heartbeat heartbeat; // first of all, so that its first beat is due as soon as the show is there
+    Heartbeat heartbeat(begin); // its first beat is due as soon as the show is there
 
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     QTranslator german;

@@ -5,6 +5,7 @@
 #include "model/show.h"
 #include "platform/host.h"
 #include "platform/monotonicclock.h"
+#include "platform/threadschedule_linux.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +41,7 @@ protected:
     }
 
     const double begun = Seconds();
-    Heartbeat heartbeat; // its grid begins here
+    Heartbeat heartbeat{begun};
     int sent = 0;
 };
 
@@ -63,6 +64,20 @@ TEST_F(HeartbeatTest, NoFrameLeavesBeforeItsTime) {
     while (times.size() < frames) heartbeat.WaitForBeat();
     for (int frame = 0; frame < frames; ++frame)
         EXPECT_GE(times.at(static_cast<std::size_t>(frame)) - begun, 0.050 * (frame + 1)) << frame;
+}
+
+TEST_F(HeartbeatTest, BeatsAreCountedFromTheMomentGiven) {
+    const double begin = Seconds() + 0.2;
+    Heartbeat later{begin};
+    Show.AutoXmit.Enabled = true;
+    later.WaitForBeat();
+    EXPECT_GE(Seconds(), begin + 0.050);
+}
+
+TEST_F(HeartbeatTest, ThreadIsPromptAndThoseItStartsAreNot) {
+    ThreadSchedule schedule;
+    ASSERT_TRUE(Get(schedule));
+    EXPECT_EQ(schedule.Flags, 1U); // not inherited; how prompt it is, systems tell differently
 }
 
 TEST_F(HeartbeatTest, NothingIsWaitedForWhileNoClockIsEnabled) {

@@ -3,6 +3,7 @@
 #include "ui/testwindowbench.h"
 
 #include "app/heartbeat.h"
+#include "platform/monotonicclock.h"
 #include "ui/frmElement.h"
 
 #include <QApplication>
@@ -46,7 +47,7 @@ TEST_F(PatchFaults, ImpossibleChannelStopsTheClockWithOneMessageAndKeepsTheWork)
             Boxes.clear();
             Answer(QMessageBox::Ok);
             {
-                Heartbeat heartbeat;
+                Heartbeat heartbeat(Seconds());
                 EXPECT_TRUE(Until([this] { return !Boxes.empty() && !QApplication::activeModalWidget(); }));
                 EXPECT_FALSE(Show.AutoXmit.Enabled);
                 QTest::qWait(0);
@@ -65,7 +66,7 @@ TEST_F(PatchFaults, ChannelOneBeyondTheLineGoesNowhereAndStopsNothingOnPurpose) 
     for (const std::int16_t type : {UsbInterface, PcmciaCard, PciCard}) {
         StartWithDamagedFile(type, "513");
         Boxes.clear();
-        Heartbeat heartbeat;
+        Heartbeat heartbeat(Seconds());
         EXPECT_TRUE(Until([this] { return Frames.size() + CardFrames.size() > 2; }));
         EXPECT_TRUE(Boxes.empty());
         EXPECT_TRUE(Show.AutoXmit.Enabled);
@@ -80,7 +81,7 @@ TEST_F(PatchFaults, IsaCardsTakeAnyChannelUncheckedOnPurpose) {
             SCOPED_TRACE(std::to_string(type) + ": " + channel);
             StartWithDamagedFile(type, channel);
             Boxes.clear();
-            Heartbeat heartbeat;
+            Heartbeat heartbeat(Seconds());
             EXPECT_TRUE(Until([this] { return Card().Level(4) == 77; }));
             EXPECT_TRUE(Boxes.empty());
             EXPECT_TRUE(Show.AutoXmit.Enabled);
@@ -92,7 +93,7 @@ TEST_F(PatchFaults, IsaCardsTakeAnyChannelUncheckedOnPurpose) {
 TEST_F(PatchFaults, PatchDialogPutsItRightAndPlayGoesOn) {
     StartWithDamagedFile(UsbInterface, "0");
     Answer(QMessageBox::Ok);
-    Heartbeat heartbeat;
+    Heartbeat heartbeat(Seconds());
     ASSERT_TRUE(Until([] { return !Show.AutoXmit.Enabled && !QApplication::activeModalWidget(); }));
     QApplication::setActiveWindow(main.get());
     Click(Element(1));

@@ -5,6 +5,7 @@
 #include "model/colour.h"
 #include "model/screen.h"
 #include "model/selection.h"
+#include "platform/monotonicclock.h"
 #include "ui/frmColor.h"
 #include "ui/frmElement.h"
 
@@ -189,7 +190,7 @@ TEST_F(WallSelection, WallComesBackInFrontOfTheElementWindowOpenedFromThePopUpOn
 
 TEST_F(WallSelection, OutputGoesOnWhileThePopUpIsOpen) {
     StartWithWall(3, 1);
-    const Heartbeat heartbeat;
+    const Heartbeat heartbeat(Seconds());
     int sent = 0;
     Host.DasHardCommand = [&](std::int32_t command, std::int32_t, std::uint8_t*) {
         if (command == 4 && ++sent == 2) EditMenu()->close();
