@@ -24,6 +24,7 @@ public:
 
 private:
     void Beat();
+    void AwaitTick();
 
     TickTimer timer;
     TickGrid grid;

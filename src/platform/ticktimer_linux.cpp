@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cmath>
+#include <poll.h>
 #include <sys/timerfd.h>
 #include <system_error>
 #include <unistd.h>
@@ -30,6 +31,14 @@ void TickTimer::ArmAt(double seconds) {
     // Zero and less would be no time at all to the system.
     if (seconds < 1e-9) when = {0, 1};
     Set(handle, when);
+}
+
+void TickTimer::WaitUntil(double seconds) {
+    ArmAt(seconds);
+    while (!Acknowledge()) {
+        pollfd timer{static_cast<int>(handle), POLLIN, 0};
+        poll(&timer, 1, -1);
+    }
 }
 
 void TickTimer::Disarm() { Set(handle, timespec{}); }

@@ -40,6 +40,12 @@ void TickTimer::ArmAt(double seconds) {
     SetWaitableTimer(TimerOf(handle), &wait, 0, nullptr, nullptr, FALSE);
 }
 
+void TickTimer::WaitUntil(double seconds) {
+    ArmAt(seconds);
+    WaitForSingleObject(TimerOf(handle), INFINITE);
+    Disarm();
+}
+
 // Cancelling alone would leave a timer that went off signalled; setting it again clears it.
 void TickTimer::Disarm() {
     LARGE_INTEGER nextDay{};
