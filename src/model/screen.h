@@ -88,7 +88,7 @@ struct ScreenCalls {
     Slot<> ActivateElementWindow; // the one selected element is another: show its patch
     Slot<> PatchLoaded;           // the patch shown is no longer the one in the show
 
-    // What the windows show when the tick that runs is through.
+    // What the windows show when the tick that runs is through (model/afterframe.h).
     std::vector<AfterFrame*> Waiting;
     int TicksRunning = 0; // one within another when a message box of the first lets events run
 };

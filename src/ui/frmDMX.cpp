@@ -16,7 +16,6 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
-#include <utility>
 #include <vector>
 
 namespace quorvane {
@@ -181,9 +180,12 @@ void frmDMX::FillScreen() {
 }
 
 void frmDMX::ShowLevels() {
-    for (int row = 0; row < Rows; ++row)
-        if (std::exchange(shown.at(At(row)), levels.at(At(row))) != levels.at(At(row)))
-            txtDMX.at(At(row))->setText(QString::number(levels.at(At(row))));
+    for (int row = 0; row < Rows; ++row) {
+        const auto level = levels.at(At(row));
+        if (shown.at(At(row)) == level) continue;
+        shown.at(At(row)) = level;
+        txtDMX.at(At(row))->setText(QString::number(level));
+    }
 }
 
 // The faders stand where their channels' levels do, so that starting the test mode changes none of them.
