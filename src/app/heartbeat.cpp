@@ -28,10 +28,10 @@ namespace {
 // A processor that has rested long gets going late: seldom, but then by a millisecond and more. So the
 // program is roused twice. A first call well before the tick takes that lateness; the second comes after so
 // short a rest that it is punctual within a tenth of a millisecond, and what is left is waited for awake, at
-// the cost of a three-hundredth of a processor. Two milliseconds of each tick are nobody else's: what a user
+// the cost of a four-hundredth of a processor. Two milliseconds of each tick are nobody else's: what a user
 // does then waits.
-constexpr double FirstCall = 0.002;   // seconds before the tick
-constexpr double SecondCall = 0.0002; // seconds before the tick
+constexpr double FirstCall = 0.002;    // seconds before the tick
+constexpr double SecondCall = 0.00015; // seconds before the tick
 
 bool AnyClockRuns() { return Show.AutoXmit.Enabled || Show.timSendToMerger.Enabled; }
 

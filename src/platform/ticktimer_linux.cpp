@@ -35,10 +35,10 @@ void TickTimer::ArmAt(double seconds) {
 
 void TickTimer::WaitUntil(double seconds) {
     ArmAt(seconds);
-    while (!Acknowledge()) {
+    do {
         pollfd timer{static_cast<int>(handle), POLLIN, 0};
         poll(&timer, 1, -1);
-    }
+    } while (!Acknowledge());
 }
 
 void TickTimer::Disarm() { Set(handle, timespec{}); }
