@@ -15,17 +15,19 @@ WallSurface::WallSurface(const std::vector<WallElement*>& wallFields, QWidget* p
     hide(); // until there is a field
 }
 
+// In a blend nearly all fields change, so the rectangle around them is as good as their exact region, and
+// sooner found.
 void WallSurface::Refresh() {
-    QRegion changed;
+    QRect changed;
     for (WallElement* field : fields)
-        if (field->TakeStale()) changed += field->geometry();
-    if (!changed.isEmpty()) update(changed);
+        if (field->TakeStale()) changed |= field->geometry();
+    update(changed);
 }
 
 void WallSurface::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     for (WallElement* field : fields)
-        if (event->region().intersects(field->geometry())) field->Draw(painter, field->geometry());
+        if (event->rect().intersects(field->geometry())) field->Draw(painter, field->geometry());
 }
 
 } // namespace quorvane

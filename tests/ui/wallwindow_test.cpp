@@ -2,6 +2,7 @@
 
 #include "engine/outputclock.h"
 #include "engine/sequencer.h"
+#include "model/afterframe.h"
 #include "model/colour.h"
 #include "model/wall.h"
 #include "ui/frmWand.h"
@@ -80,6 +81,20 @@ TEST_F(WallWindowTest, OnlyFieldsOfAnotherColourAreDrawn) {
     EXPECT_EQ(Shown(1), QColor(200, 0, 0));
     EXPECT_EQ(Shown(6), QColor(200, 0, 0));
     EXPECT_EQ(drawn.Region, QRegion(Field(1)->geometry()) + Field(6)->geometry());
+}
+
+TEST_F(WallWindowTest, TickDrawsTheRectangleAroundTheFieldsItChanged) {
+    StartProgram();
+    MakeWall(4, 3);
+    main->Wand->Open();
+    DrawnRegion drawn(Find<QWidget>("frmWand", "picWand"));
+    Show.ElementValue[2][1] = Show.ElementValue[7][1] = 200;
+    FrameFirst([] {
+        for (int index = 0; index < 12; ++index) ShowWallColour(index);
+    });
+    EXPECT_EQ(Shown(1), QColor(200, 0, 0));
+    EXPECT_EQ(Shown(6), QColor(200, 0, 0));
+    EXPECT_EQ(drawn.Region, QRegion(Field(1)->geometry() | Field(6)->geometry()));
 }
 
 TEST_F(WallWindowTest, PressOnThePictureOfTheWallReachesTheFieldBelow) {
