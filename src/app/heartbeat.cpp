@@ -50,7 +50,7 @@ void StopOutputClock() { Show.AutoXmit.Enabled = false; }
 
 } // namespace
 
-Heartbeat::Heartbeat(double begin) {
+Heartbeat::Heartbeat(double firstBeat) {
     MakeThreadPrompt();
 #ifdef Q_OS_WIN
     auto* notifier = new QWinEventNotifier(reinterpret_cast<Qt::HANDLE>(timer.Handle()), this);
@@ -59,7 +59,7 @@ Heartbeat::Heartbeat(double begin) {
     auto* notifier = new QSocketNotifier(static_cast<qintptr>(timer.Handle()), QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] { Beat(); });
 #endif
-    grid.Start(begin);
+    grid.Start(firstBeat - TickGrid::Period);
     timer.ArmAt(grid.Next() - FirstCall);
 }
 

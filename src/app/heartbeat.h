@@ -14,9 +14,9 @@ namespace quorvane {
 
 class Heartbeat : public QObject {
 public:
-    // begin: the moment from which the beats are counted, in Seconds(). The first is due 50 ms later, or as
-    // soon as events are served.
-    explicit Heartbeat(double begin);
+    // The first beat is due at that moment of Seconds(), the others 50 ms after one another. What is overdue
+    // is made up for as soon as events are served.
+    explicit Heartbeat(double firstBeat);
 
     // Comes back right after the next beat, at once while no clock is enabled. Input waits meanwhile, so that
     // nothing is begun twice.

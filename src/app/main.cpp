@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName("Quorvane");
     QCoreApplication::setApplicationVersion("1.21");
     const auto programFolder = GivenProgramFolder(application);
-    Heartbeat heartbeat(begin); // its first beat is due as soon as the show is there
+    Heartbeat heartbeat(begin); // so its first beat comes as soon as the show is there, the second soon after
 
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     QTranslator german;
