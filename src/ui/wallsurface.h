@@ -16,7 +16,7 @@ public:
     // The fields lie in parent and cover it without gaps.
     WallSurface(const std::vector<WallElement*>& fields, QWidget* parent);
 
-    // Has those fields drawn that have another colour by now.
+    // Has those fields drawn that have another colour by now, and the few that lie between them.
     void Refresh();
 
 protected:
