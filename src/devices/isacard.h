@@ -32,8 +32,9 @@ std::uint8_t ReadDpr(int base, int address);
 void WriteDpr(int base, int address, std::uint8_t value);
 
 // Copies an operating system file from the program folder into the card and returns how many bytes it
-// had. A byte that reads back wrong is passed over on purpose: the card's state cell tells afterwards
-// whether it runs. When the file is missing or cannot be read the user is told and CardBase becomes 0.
+// had, 65536 when it had more: then, and when the file is missing or cannot be read, the user is told and
+// CardBase becomes 0. A byte that reads back wrong is passed over on purpose: the card's state cell tells
+// afterwards whether it runs.
 int UploadCardOs(std::string_view fileName);
 
 } // namespace quorvane

@@ -75,6 +75,8 @@ void PreviousScene() {
     JumpTo(step < 1 ? step + Show.StepCount : step);
 }
 
+// At the end only, also while the sequence plays; and it is the current step that is held against the limit,
+// so a longer sequence from a file gets no further one: all on purpose.
 void SceneToSequence() {
     EndTestMode();
     if (Show.StatusFlags.Has(Status::SequenceExists) && Show.CurrentStep != Show.StepCount) {

@@ -12,7 +12,8 @@ void NextScene();
 // Step 1 again, when not playing.
 void BackToStart();
 // The two halves of "delete sequence", around the question about unsaved work: all 512 channels of the
-// active interface dark (false when the sequence is playing, with its message), and the emptied sequence.
+// active interface dark, before anybody is asked, on purpose (false when the sequence is playing, with its
+// message), and the emptied sequence.
 bool DarkenOutputForDelete();
 void EmptySequence();
 

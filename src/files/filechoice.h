@@ -44,7 +44,7 @@ inline constexpr FileKind SequenceKind = {"*.QSQ",
                                           "Sequence Speichern",
                                           &ShowState::SequenceFile};
 
-// While it lives, file commands take the current file of their kind without asking.
+// While it lives, file commands take the current file of their kind, if it has one, without asking.
 struct CurrentFileOnly {
     CurrentFileOnly() { Show.StatusFlags.Set(Status::SaveToCurrentFile); }
     ~CurrentFileOnly() { Show.StatusFlags.Clear(Status::SaveToCurrentFile); }
@@ -52,8 +52,9 @@ struct CurrentFileOnly {
     CurrentFileOnly& operator=(const CurrentFileOnly&) = delete;
 };
 
-// The file to work on: the current one while SaveToCurrentFile is set, else what the user chooses;
-// nothing when he cancels. name is proposed; one with "*" or "?" in it is no file and chooses nothing.
+// The file to work on: the current one, if there is one, while SaveToCurrentFile is set, else what the user
+// chooses; nothing when he cancels. name is proposed; one with "*" or "?" in it is no file and chooses
+// nothing.
 std::optional<std::string> ChooseFileToLoad(const FileKind& kind, std::string_view name);
 std::optional<std::string> ChooseFileToSave(const FileKind& kind, std::string_view name);
 

@@ -1,5 +1,6 @@
 // The settings file QUORVANE.ini in the program folder: card parameter block, options, names of the last
-// four files, positions of ten windows. Read once at start-up, written once at shutdown.
+// four files, positions of ten windows. Read once at start-up, written at shutdown and
+// when a wall has been built in the dialog.
 #pragma once
 
 namespace quorvane {

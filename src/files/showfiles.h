@@ -1,6 +1,6 @@
 // The commands that load and save the four kinds of show file: wall configuration, colour table, scene
-// and sequence. Each asks for a file unless SaveToCurrentFile is set, tells the user how it went and
-// never leaves by an exception. Saving gives true when the file was written.
+// and sequence. Each asks for a file, unless SaveToCurrentFile is set and there is a current one, tells the
+// user how it went and never leaves by an exception. Saving gives true when the file was written.
 #pragma once
 
 namespace quorvane {

@@ -41,7 +41,7 @@ void FetchColourFromSelection() {
 }
 
 void ApplyColourToSelection() {
-    MarkSceneChanged();
+    MarkSceneChanged(); // also when nothing is selected, on purpose
     for (int element = 1; element <= Show.ElementCount; ++element)
         if (Show.ElementSelected[element - 1] == 1) {
             Show.ElementValue[element] = Show.CurrentColour;

@@ -52,7 +52,7 @@ struct ScreenCalls {
     Slot<> OpenEditMenu;
 
     // Main window.
-    Slot<std::string_view> MainCaption; // with every text that begins with ": KMO DMX QUORVANE"
+    Slot<std::string_view> MainCaption; // what the interface and the clock are doing
     Slot<> RefreshMain;
     Slot<bool /*on*/> EnableDmxEntries; // DMX Start and DMX Stop
     Slot<bool /*shown*/> ShowDmxEntries;

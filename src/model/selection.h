@@ -1,7 +1,7 @@
 // The selection: the elements that the colour window, the element dialog and the sequencer act on, and
 // eleven remembered selections on the function keys F2..F12. index is element - 1.
-// Every operation tells the wall's status line what it did; on a field that the wall does not have it says
-// so there and changes nothing.
+// What selects or deselects an element tells the wall's status line; on a field that the wall does not have
+// it says so there and changes nothing.
 #pragma once
 
 namespace quorvane {

@@ -1,4 +1,4 @@
-// The recorded sequence: up to 255 steps, each a full scene with its hold and blend time.
+// The recorded sequence: up to 254 steps, each a full scene with its hold and blend time.
 #pragma once
 
 #include <string_view>

@@ -117,7 +117,7 @@ struct ShowState {
     // Element channels
     Table<PerChannel<std::int16_t>, 1, MaxElements> Patch;            // DMX channel 1..512; 0 not patched
     Table<PerChannel<std::uint8_t>, 1, MaxElements> ColourCorrection; // taken off at the DMX output only
-    Table<PerChannel<std::uint8_t>, 1, 255> ElementValue;             // level now
+    Table<PerChannel<std::uint8_t>, 1, 255> ElementValue;             // level now; beyond the wall kept
     Table<PerChannel<float>, 1, MaxElements> BlendValue;              // running level of a blend
     Table<PerChannel<float>, 1, MaxElements> BlendIncrement;          // per tick
 
@@ -177,7 +177,7 @@ struct ShowState {
 
     // Memory card
     std::int16_t MemCardBase = 0;  // I/O address of its adapter, set when work on the card begins
-    std::int32_t MemCardSize = 0;  // bytes, or a MemCardResult
+    std::int32_t MemCardSize = 0;  // bytes, or NoMemCard, NoMemCardInterface, MemCardFault
     std::uint8_t MemCardAbort = 0; // not 0: the work on the card is given up, every loop stops
 
     // Files and last state. Paths are full names, empty when there is none.

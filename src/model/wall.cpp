@@ -29,7 +29,7 @@ void AddElements() {
             const int element = ++Show.ElementCount;
             Screen.AddElement(element - 1, column, row);
             Show.ElementPos[element] = {static_cast<std::uint8_t>(column), static_cast<std::uint8_t>(row)};
-            for (int c = 1; c <= 4; ++c) Show.Patch[element][c] = channel++;
+            for (int c = 1; c <= 4; ++c) Show.Patch[element][c] = channel++; // over one by hand, on purpose
         }
 }
 

@@ -8,7 +8,8 @@ void StartShow();
 
 // Builds a new wall from WallColumns, WallRows, WallName and the sizes: labels, positions, the
 // consecutive patch from DMX channel 1, and the channel count when it follows the wall. Marks the
-// wall as unsaved. Levels, corrections and the sequence stay as they are.
+// wall as unsaved, empties the selection, and warns when the channels do not suffice. Levels, corrections and
+// the sequence stay as they are.
 // Throws std::out_of_range for more than 250 elements, before anything has changed.
 void NeueWandInit();
 // The same for a wall that comes from a file: not marked as unsaved.

@@ -11,7 +11,7 @@
 namespace quorvane {
 
 // What was found in the program folder. A library in use has filled its slots of Host and stays loaded
-// until these are filled otherwise. Host's DriverOrigin of each tells the rest.
+// until these are filled otherwise. Host's PortDriver, UsbDriver and CardDriver tell the rest.
 struct DriverLibraries {
     bool Ports = false;      // dlportio
     bool Usb = false;        // USBDMXVB

@@ -19,7 +19,7 @@ constexpr bool IsDmxPort(std::uint32_t port) {
            (port >= FirstAdapterPort && port <= LastAdapterPort);
 }
 
-// The rights are asked for at the first access, so that a program without an ISA card never does.
+// The rights are asked for at the first access, so that a program that looks for no ISA card never does.
 class PortAccess {
 public:
     std::uint8_t Read(std::uint32_t port);

@@ -1,5 +1,6 @@
 #include "bench/stage.h"
 
+#include "devices/usbinterface.h"
 #include "engine/outputclock.h"
 #include "model/sequence.h"
 
@@ -333,6 +334,22 @@ TEST_F(DmxMonitor, ShowsZerosWithoutAnInterfaceOrCard) {
     ShowMonitor();
     ASSERT_EQ(Values.size(), 16u);
     for (const auto& [row, value] : Values) EXPECT_EQ(value, 0);
+}
+
+TEST_F(OutputClock, FrameClearedByAnOpeningGoesOutSoOnceWhereATransitionStarts) {
+    MakeWall(1, 1);
+    Use(UsbInterface);
+    AddStep(80, 1, 5);
+    AddStep(80, 1, 5);
+    Show.ElementValue[1].Fill(80);
+    StartPlaying();
+    SetFrame(AllAt(80));
+    StartUsbInterface();
+    Tick();
+    EXPECT_EQ(Frame()[0], 80);
+    EXPECT_EQ(Frame()[3], 0);
+    Tick();
+    EXPECT_EQ(Frame()[3], 80);
 }
 
 TEST_F(OutputClock, FailingTickLeavesTheErrorToTheCallerAndCountsNothing) {
