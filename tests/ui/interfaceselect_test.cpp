@@ -176,6 +176,14 @@ TEST_F(InterfaceSelectTest, LeavingWithoutOkChangesNothing) {
     EXPECT_EQ(Settings["Interface/Type"], "3");
 }
 
+TEST_F(InterfaceSelectTest, CaptionGoesOnSayingWhatTheSearchSaidLastWithoutOk) {
+    StartProgram();
+    Initialise(2, "cmdOK");
+    EXPECT_EQ(Caption(), ": ");
+    Initialise(2, "cmdAbbrechen");
+    EXPECT_EQ(Caption(), "QUORVANE: HALVENOR USBLINK2 Interface opened succesfully");
+}
+
 TEST_F(InterfaceSelectTest, EscapeChangesNothingAndReturnIsOk) {
     StartProgram();
     for (const auto& [key, stored] : {std::pair{Qt::Key_Escape, "3"}, std::pair{Qt::Key_Return, "5"}}) {
