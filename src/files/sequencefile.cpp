@@ -110,11 +110,13 @@ void MarkLoaded(bool converted) {
     if (converted) Show.ChangeFlags.Set(Change::SceneChanged);
 }
 
+void ShowFileName() { Screen.SequencerCaption("Sequence " + FileNamePart(Show.SequenceFile)); }
+
 void TellLoaded(const FoundFile& file) {
     Show.SequenceFile = file.Path;
     if (file.HasMoved) ShowMessage("Suchpfad der Sequenz hat sich verändert.");
     Screen.WallStatus("Sequenz erfolgreich geladen!");
-    Screen.SequencerCaption("Sequence " + FileNamePart(file.Path));
+    ShowFileName();
 }
 
 // Gives the head of the loaded sequence; nothing when the load ended without one.
@@ -183,6 +185,7 @@ bool SaveSequence() {
     Show.ChangeFlags.Clear(Change::SequenceNew);
     Show.ChangeFlags.Clear(Change::SequenceChanged);
     Screen.WallStatus("Sequenz erfolgreich abgespeichert.");
+    ShowFileName();
     return true;
 }
 

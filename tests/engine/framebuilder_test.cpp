@@ -153,8 +153,10 @@ TEST_F(FrameBuilder, WithoutACardFramesAndCardStayUntouched) {
         Use(type);
         Show.Patch[1][1] = 0; // not even looked at
         OhneKarteHold();
+        EXPECT_TRUE(PaintedElements.empty());
         BlendeBerechnen();
         OhneKarteBlend();
+        PaintedElements.clear();
     }
     EXPECT_EQ(Show.DmxOut, decltype(Show.DmxOut){});
     EXPECT_EQ(Show.DmxOutBytes, decltype(Show.DmxOutBytes){});

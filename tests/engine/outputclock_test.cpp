@@ -73,6 +73,20 @@ TEST_F(OutputClock, RebuildsTheChannelCountFromTheRoundedWordsWithoutUndoingTheR
     }
 }
 
+TEST_F(OutputClock, ChannelCountIsRebuiltFromWholeSignedWords) {
+    MakeWall(1, 1);
+    Use(IsaCardB);
+    Show.DmxIni[3] = -5;
+    Show.DmxIni[4] = 2;
+    Show.DmxIniDirty = 1;
+    Tick();
+    EXPECT_EQ(Show.ChannelCount, 507);
+    Show.DmxIni[3] = 300;
+    Show.DmxIniDirty = 1;
+    Tick();
+    EXPECT_EQ(Show.ChannelCount, 812);
+}
+
 TEST_F(OutputClock, OnlyTheFirstCardKindTakesTheParameterBlock) {
     for (const std::int16_t type : {IsaCardC, UsbInterface, PcmciaCard, PciCard}) {
         MakeWall(50, 1);
@@ -95,6 +109,43 @@ TEST_F(OutputClock, EveryTickStrobesTheCardAndWritesTheCaption) {
     Tick(2);
     EXPECT_EQ(StartReads, 3);
     EXPECT_EQ(StartWrites, 2);
+}
+
+TEST_F(OutputClock, CardGetsItsParametersThenTheFrameAndIsStartedLast) {
+    MakeWall(1, 1);
+    Use(IsaCardB);
+    Show.DmxIniDirty = 1;
+    Tick();
+    ASSERT_EQ(Written.size(), 10u + 4u);
+    EXPECT_EQ(Written.front(), 1008);
+    EXPECT_EQ(Written.back(), 1027);
+    for (const std::int16_t type : IsaTypes) {
+        Use(type);
+        std::size_t writtenAtStart = 0;
+        const auto start = [&] { writtenAtStart = Written.size(); };
+        Host.DlPortReadPortUchar = [start, read = Host.DlPortReadPortUchar](std::uint32_t port) {
+            if (port == Base + 3) start();
+            return read(port);
+        };
+        Host.DlPortWritePortUchar = [start, write = Host.DlPortWritePortUchar](std::uint32_t port,
+                                                                               std::uint8_t value) {
+            if (port == Base + 3) start();
+            write(port, value);
+        };
+        Tick();
+        EXPECT_EQ(writtenAtStart, Written.size()) << type;
+    }
+}
+
+TEST_F(OutputClock, LowestAddressOfACardIsDriven) {
+    MakeWall(1, 1);
+    Use(IsaCardB);
+    Show.CardBase = 0x100;
+    int frames = 0;
+    Host.DlPortReadPortUchar = [](std::uint32_t) { return std::uint8_t{0}; };
+    Host.DlPortWritePortUchar = [&frames](std::uint32_t port, std::uint8_t) { frames += port == 0x102; };
+    Tick();
+    EXPECT_GT(frames, 0);
 }
 
 TEST_F(OutputClock, WithoutAnOpenCardTheShowIsPreviewedAndNoPortTouched) {
@@ -240,100 +291,6 @@ TEST_F(OutputClock, TestModeOffTellsTheTestWindowAndClearsTheBit) {
     TestModeOff();
     EXPECT_EQ(ended, 1);
     EXPECT_FALSE(Show.StatusFlags.Has(Status::TestMode));
-}
-
-namespace {
-
-class DmxMonitor : public Stage {
-protected:
-    DmxMonitor() {
-        Screen.MonitorValue = [this](int row, int value) { Values.push_back({row, value}); };
-        Show.StatusFlags.Set(Status::Monitor);
-        for (int row = 0; row <= 7; ++row) Show.MonitorChannel[row] = static_cast<std::int16_t>(row * 10 + 1);
-        Show.MonitorChannel[7] = 512;
-    }
-    std::vector<std::pair<int, int>> Values;
-};
-
-} // namespace
-
-TEST_F(DmxMonitor, ShowsWhatTheCardHoldsForTheEightChannels) {
-    for (const std::int16_t type : IsaTypes) {
-        Values.clear();
-        Use(type);
-        Memory[1024] = 5;
-        Memory[1034] = 6;
-        Memory[1535] = 7;
-        Tick();
-        ASSERT_EQ(Values.size(), 8u);
-        EXPECT_EQ(Values[0], (std::pair{0, 5}));
-        EXPECT_EQ(Values[1], (std::pair{1, 6}));
-        EXPECT_EQ(Values[7], (std::pair{7, 7}));
-    }
-}
-
-TEST_F(DmxMonitor, ShowsTheNextChannelsByteForUsb) {
-    Use(UsbInterface);
-    Show.DmxOutBytes[0] = 1;
-    Show.DmxOutBytes[1] = 2;
-    Show.DmxOutBytes[512] = 3;
-    Tick();
-    ASSERT_EQ(Values.size(), 8u);
-    EXPECT_EQ(Values[0].second, 2);
-    EXPECT_EQ(Values[7].second, 3);
-}
-
-TEST_F(DmxMonitor, ShowsZerosForAUsbInterfaceThatIsNotOpen) {
-    Use(UsbInterface);
-    Show.InterfaceOpen[UsbInterface] = 0;
-    Show.DmxOutBytes.Fill(77);
-    ShowMonitor();
-    ASSERT_EQ(Values.size(), 8u);
-    for (const auto& [row, value] : Values) EXPECT_EQ(value, 0) << row;
-}
-
-TEST_F(DmxMonitor, ReadsTheByteFrameForCardsAlthoughTheyNeverFillIt) {
-    for (const std::int16_t type : {PcmciaCard, PciCard}) {
-        Values.clear();
-        Use(type);
-        Show.DmxOut.Fill(99);
-        Show.DmxOutBytes[1] = 4;
-        Tick();
-        ASSERT_EQ(Values.size(), 8u);
-        EXPECT_EQ(Values[0].second, 4);
-        EXPECT_EQ(Values[7].second, 0);
-    }
-}
-
-TEST_F(DmxMonitor, ShowsTheLevelsOfTheTickItBelongsTo) {
-    MakeWall(1, 1);
-    Use(IsaCardB);
-    Show.ElementValue[1].Fill(123);
-    Tick();
-    EXPECT_EQ(Values.at(0).second, 123);
-}
-
-TEST_F(DmxMonitor, IsNeitherReadNorClearedByATickWithoutItsBit) {
-    for (const std::int16_t type : EveryInterface) {
-        Use(type);
-        Show.StatusFlags.Set(Status::Monitor);
-        Tick();
-        EXPECT_TRUE(Show.StatusFlags.Has(Status::Monitor));
-        Values.clear();
-        Show.StatusFlags.Clear(Status::Monitor);
-        Tick();
-        EXPECT_TRUE(Values.empty());
-    }
-}
-
-TEST_F(DmxMonitor, ShowsZerosWithoutAnInterfaceOrCard) {
-    Show.DmxOutBytes.Fill(9);
-    ShowMonitor();
-    Use(IsaCardB);
-    Show.CardBase = 255;
-    ShowMonitor();
-    ASSERT_EQ(Values.size(), 16u);
-    for (const auto& [row, value] : Values) EXPECT_EQ(value, 0);
 }
 
 TEST_F(OutputClock, FrameClearedByAnOpeningGoesOutSoOnceWhereATransitionStarts) {

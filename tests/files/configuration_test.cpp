@@ -211,6 +211,25 @@ TEST_F(Configuration, ReadBeforeTheFailureStays) {
     EXPECT_EQ(PatchShown, 1);
 }
 
+TEST_F(Configuration, FailingBehindItsSizesShowsItsWallAndTakesItsChannelCount) {
+    Show.StatusFlags.Clear(Status::AutoChannelCount);
+    Show.StatusFlags.Clear(Status::WallWindowOpen);
+    Show.ChannelCount = 99;
+    bool shown = false;
+    Screen.ShowWall = [&shown] { shown = true; };
+    Load(With(Text(), "[Patching]", ""));
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(Show.ChannelCount, Show.DmxIni[4] * 256 + Show.DmxIni[3]);
+}
+
+TEST_F(Configuration, ThatHasMovedIsToldAlsoWhenItsElementsDoNotFit) {
+    Write("config/wand.CFG", With(Text(), "ElementeMax =  2", "ElementeMax =  3"));
+    ChosenFiles.push_back("/anderswo/wand.CFG");
+    LoadConfiguration();
+    ASSERT_EQ(Boxes().size(), 2u);
+    EXPECT_EQ(Boxes().front(), "Suchpfad der Configurationsdatei hat sich verändert");
+}
+
 TEST_F(Configuration, NothingGoesOutBetweenTheNewWallAndItsPatch) {
     Show.StatusFlags.Clear(Status::AutoChannelCount);
     Show.ChannelCount = 1; // too few: the wall tells it with a box before its patch is read

@@ -64,6 +64,15 @@ TEST_F(NewWallWhilePlaying, WallOfTheSameShapeFadesOnTickByTick) {
     EXPECT_EQ(Level(), 250);
 }
 
+TEST_F(NewWallWhilePlaying, WallBuiltBetweenTwoTransitionsHasNothingToGoOnWith) {
+    Tick(1 + 50 + 1);
+    ASSERT_EQ(Show.BlendCounter, 0);
+    EXPECT_NO_THROW(Replace(10, 10));
+    Show.StatusFlags.Set(Status::SequencePlaying);
+    Show.HoldCounter = 0;
+    EXPECT_NO_THROW(Replace(11, 11)) << "right after Play";
+}
+
 TEST_F(NewWallWhilePlaying, StoppedSequenceKeepsTheLevels) {
     Tick(2 + 25);
     Show.StatusFlags.Clear(Status::SequencePlaying);

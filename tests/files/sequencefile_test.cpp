@@ -29,6 +29,31 @@ TEST_F(SequenceFile, LoadsAndSavesTheSameBytes) {
     EXPECT_EQ(Show.ChangeFlags.bits, 0x08) << "the mark of the scene stays";
 }
 
+TEST_F(SequenceFile, LoadLeavesTheMarkOfTheScene) {
+    Show.ChangeFlags.Set(Change::SceneChanged);
+    Show.ChangeFlags.Set(Change::SequenceChanged);
+    Load(Text());
+    EXPECT_TRUE(Show.ChangeFlags.Has(Change::SceneChanged));
+    EXPECT_FALSE(Show.ChangeFlags.Has(Change::SequenceChanged));
+}
+
+TEST_F(SequenceFile, LoadsTheColourTableThatItNames) {
+    Write("Farbtbl/bunt.QCT", Reference("small.QCT"));
+    Load(With(Text(), "[OTHERFILES]\r\n\r\n", "[OTHERFILES]\r\n" + Path("Farbtbl/bunt.QCT") + "\r\n"));
+    EXPECT_EQ(Show.ColourTableFile, Path("Farbtbl/bunt.QCT"));
+    EXPECT_EQ(Show.UserColour[20][4], 4);
+    EXPECT_TRUE(Boxes().empty());
+    EXPECT_FALSE(Show.ChangeFlags.Has(Change::SequenceChanged));
+}
+
+TEST_F(SequenceFile, IsStaleWhenTheColourTableThatItNamesHasMoved) {
+    Write("Farbtbl/bunt.QCT", Reference("small.QCT"));
+    Load(With(Text(), "[OTHERFILES]\r\n\r\n", "[OTHERFILES]\r\nC:\\Farbtbl\\bunt.QCT\r\n"));
+    EXPECT_EQ(Show.ColourTableFile, Path("Farbtbl/bunt.QCT"));
+    EXPECT_EQ(Boxes().size(), 1u);
+    EXPECT_TRUE(Show.ChangeFlags.Has(Change::SequenceChanged));
+}
+
 TEST_F(SequenceFile, ShowsItsFirstStep) {
     Show.TurboFactor = 9;
     std::vector<int> selected;

@@ -44,6 +44,13 @@ TEST_F(SequenceFile, SaveLeavesOutWhatAStepHoldsBeyondTheWall) {
     EXPECT_EQ(Show.SequenceSteps[1][3][1], 0);
 }
 
+TEST_F(SequenceFile, SavedUnderAnotherNameIsNamedInTheCaption) {
+    Load(Text());
+    ChosenFiles.push_back(Path("neu.QSQ"));
+    EXPECT_TRUE(SaveSequence());
+    EXPECT_EQ(LastText("caption", "frmControl"), "Sequence neu.QSQ");
+}
+
 TEST_F(SequenceFile, LargestSequenceComesBackAsItWas) {
     MakeWall(11, 11);
     Show.StatusFlags.Set(Status::SequenceExists);

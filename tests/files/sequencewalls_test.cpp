@@ -16,6 +16,28 @@ TEST_F(SequenceFile, OfAnotherWallIsLeftAfterCancel) {
     EXPECT_EQ(Show.SequenceFile, "alt.QSQ");
 }
 
+TEST_F(SequenceFile, OfAWallThatHasOtherColumnsOrRowsOnlyIsAskedForToo) {
+    for (const char* size : {"Xmax =  2", "Ymax =  1"}) {
+        Answers = {Answer::Cancel};
+        Load(With(Text(), size, std::string(size, 7) + " 3"));
+        EXPECT_EQ(Questions(), TextList{ImportQuestion}) << size;
+        Log.clear();
+    }
+}
+
+TEST_F(SequenceFile, IsWarnedOfTooManyStepsAfterTheQuestionAndNotAfterCancel) {
+    for (const auto& [answer, order] : {std::pair{Answer::Cancel, TextList{"question"}},
+                                        std::pair{Answer::No, TextList{"question", "box"}}}) {
+        Answers = {answer};
+        Log.clear();
+        Load(TextOf(1, 1, 254));
+        TextList seen;
+        for (const auto& entry : Log)
+            if (entry.Kind == "question" || entry.Kind == "box") seen.push_back(entry.Kind);
+        EXPECT_EQ(seen, order);
+    }
+}
+
 TEST_F(SequenceFile, OfASmallerWallFillsItsOwnElementsAfterNo) {
     MakeWall(12, 10);
     Answers = {Answer::No};
@@ -36,6 +58,12 @@ TEST_F(SequenceFile, LiveLevelsBeyondTheFilesElementsStayAfterNo) {
     Load(TextOf(3, 1, 1));
     EXPECT_EQ(Show.ElementValue[3][1], 31);
     EXPECT_EQ(Show.ElementValue[4][1], 99);
+}
+
+TEST_F(SequenceFile, LiveLevelsOfALargerWallAreTakenAsFarAsTheFileGoesAfterNo) {
+    Answers = {Answer::No};
+    Load(TextOf(3, 1, 1));
+    EXPECT_EQ(Show.ElementValue[3][1], 31) << "beyond the wall";
 }
 
 TEST_F(SequenceFile, OfALargerWallKeepsItsSelectionsInPlaceAfterNo) {
@@ -130,8 +158,10 @@ TEST_F(OldSelections, NumbersBeyondThePresentWallAreLeftOut) {
 }
 
 TEST_F(OldSelections, BelongToThatHeaderOnly) {
-    LoadOld("Sequence von QUORVANE 97", SelectionList({"4,2,0,0"}));
-    EXPECT_EQ(Flags(0), (std::vector<int>{4, 2, 0, 0}));
+    for (const char* header : {"Sequence von QUORVANE 97", "Sequence von QUORVANE 198", "QUORVANE 98"}) {
+        LoadOld(header, SelectionList({"4,2,0,0"}));
+        EXPECT_EQ(Flags(0), (std::vector<int>{4, 2, 0, 0})) << header;
+    }
 }
 
 } // namespace quorvane

@@ -251,6 +251,8 @@ TEST_F(LastFiles, OnlyTheConfigurationComesBackWithoutTheOption) {
     Start(0x100, "config/small.CFG", "scenen/small.QSC", "sequencen/small.QSQ", "Farbtbl/small.QCT");
     EXPECT_EQ(Show.ElementCount, 2);
     EXPECT_EQ(Show.StepCount, 0);
+    EXPECT_FALSE(Show.StatusFlags.Has(Status::SaveToCurrentFile));
+    EXPECT_EQ(LastText("status", "frmControl"), "") << "playing is not tried either";
     EXPECT_EQ(Show.SequenceFile, Path("sequencen/small.QSQ")) << "the names stay current";
     EXPECT_EQ(Show.ColourTableFile, Path("Farbtbl/small.QCT"));
 }
@@ -289,6 +291,14 @@ TEST_F(LastFiles, ThatAreMissingAreToldByTheirLoaders) {
     EXPECT_EQ(Show.ConfigFile, "");
     EXPECT_EQ(Show.ColourTableFile, "") << "a table that failed is not tried again";
     EXPECT_EQ(Opened, std::vector<int>{0});
+}
+
+TEST_F(LastFiles, SceneIsLeftAlsoAfterASequenceThatFailed) {
+    Write("sequencen/small.QSQ", UpTo(Reference("small.QSQ"), "[Sequence]"));
+    Start(0x20000, "config/small.CFG", "scenen/small.QSC", "sequencen/small.QSQ", "");
+    EXPECT_EQ(Boxes(), TextList{"Fehler beim Laden der Sequenzdaten."});
+    EXPECT_EQ(Show.SequenceFile, "");
+    EXPECT_EQ(Show.ElementValue[2][4], 0);
 }
 
 TEST_F(LastFiles, SceneThatFailsIsTriedAgainAtTheNextStart) {
