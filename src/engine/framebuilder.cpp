@@ -38,7 +38,8 @@ int FrameIndex(int element, int channel) {
     return dmxChannel - 1;
 }
 
-// Takes the correction off the level and stores the rest where the element channel is patched to.
+// Takes the correction off the level and stores the rest where the element channel is patched to. Where two
+// are, the later one wins, and a channel that none is patched to keeps what it had: both on purpose.
 void StoreLevel(int element, int channel, std::uint8_t level) {
     auto OutLevel = static_cast<std::int16_t>(level - Show.ColourCorrection[element][channel]);
     OutLevel = std::max<std::int16_t>(OutLevel, 0);
@@ -75,6 +76,7 @@ void BlendChannel(int element, int channel) {
 
 } // namespace
 
+// A colour that is changed by hand while the step is held is not what its fade starts from, on purpose.
 void BlendeBerechnen() {
     ShowStepFields();
     if (Show.BlendSteps == 0)

@@ -1,6 +1,6 @@
 // Turns the levels of the wall's element channels into DMX levels and places them where the active
 // interface expects them. The with-card routines write to the interface named by InterfaceType; the
-// without-card routines do the same arithmetic and send nothing, so that a show can be previewed.
+// without-card routines blend alike and send nothing, so that a show can be previewed.
 // A level is taken in 16 bits, the colour correction is subtracted, and what falls below 0 becomes 0.
 // With types 3 to 5 a patch outside 1..513 throws std::out_of_range with a text that names the element,
 // its colour and the channel. Nothing here allocates.

@@ -61,12 +61,14 @@ void UsbTick() {
     SendFrame();
 }
 
+// The number stands right before its word, and that of a hold is one more than is left, on purpose.
 void ShowTicks(int ticks, std::string_view phase) {
     TickText text;
     Screen.SequencerStatus(text << ticks << phase);
 }
 
-// From CurrentStep, which has stood or was jumped to, into the step after it.
+// From CurrentStep, which has stood or was jumped to, into the step after it. The step that is left is held
+// only now, when the sequencer shows the next one, and no channel is computed in this tick: both on purpose.
 void StartTransition() {
     const int from = Show.CurrentStep;
     Show.BlendSteps = TurboBlendOf(from);
@@ -127,6 +129,7 @@ void MitKarte() {
     if (Show.StatusFlags.Has(Status::SequencePlaying)) StepTick(MitKarteHold, MitKarteBlend);
 }
 
+// A sequence that plays goes on in test mode, on purpose.
 void OhneKarte() {
     if (Show.StatusFlags.Has(Status::SequencePlaying))
         StepTick(OhneKarteHold, OhneKarteBlend);

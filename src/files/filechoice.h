@@ -12,7 +12,7 @@ namespace quorvane {
 struct FileKind {
     std::string_view Filter;
     std::string_view Extension;
-    std::string_view Folder;       // below the program folder: where the dialogs open
+    std::string_view Folder;       // below the program folder: where dialogs open without a current file
     std::string_view SearchFolder; // below the program folder: where a file that has moved is looked for
     std::string_view LoadTitle;
     std::string_view SaveTitle;

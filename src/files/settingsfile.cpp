@@ -43,6 +43,7 @@ template<class Read> void ReadPart(std::string_view failure, Read read) {
     }
 }
 
+// A name is cut at its comma, on purpose.
 void ReadFileNames(SectionedText& text) {
     text.FindSectionFromStart("[FILES]");
     Show.ConfigFile = text.Text();
@@ -135,7 +136,7 @@ std::string IniText() {
 
 void LoadINI() {
     const bool optionsRead = ReadSettings();
-    if (!Show.ConfigFile.empty()) {
+    if (!Show.ConfigFile.empty()) { // also when reloading is off, on purpose
         const CurrentFileOnly lastFiles;
         LoadConfiguration();
     }
