@@ -36,7 +36,7 @@ void ReadSteps(SectionedText& text, const SequenceHead& head, SequenceContent& c
 void ReadTimes(SectionedText& text, const SequenceHead& head, SequenceContent& content);
 void ReadSelections(SectionedText& text, const SequenceHead& head, SequenceContent& content);
 
-// Hold 1 and the speed, at least 5, as blend time for every step.
+// Hold 1 and the speed as blend time for every step, 5 where the speed is below 1.
 void DefaultTimes(const SequenceHead& head, SequenceContent& content);
 
 // What saving the sequence writes.
