@@ -58,10 +58,14 @@ bool MayClose() {
     return true;
 }
 
+// The selected interface comes first, open or not: the caption follows it. A search may have left another
+// open beside it, which would never hear of the end.
 void StopOutput() {
     AbandonTransfer();
     Show.AutoXmit.Enabled = false;
     ClosePort(Show.InterfaceType);
+    for (std::int16_t type = IsaCardB; type <= PciCard; ++type)
+        if (Show.InterfaceOpen[type] == 1) ClosePort(type);
 }
 
 } // namespace quorvane

@@ -13,7 +13,7 @@ bool StartProgram();
 // on meanwhile.
 bool MayClose();
 
-// Clocks off, a transfer abandoned, interface closed. What the lamps show last, they keep.
+// Clocks off, a transfer abandoned, every open interface closed. What the lamps show last, they keep.
 void StopOutput();
 
 } // namespace quorvane

@@ -2,6 +2,7 @@
 
 #include "bench/bench.h"
 
+#include "devices/interface.h"
 #include "devices/playunit.h"
 #include "model/screen.h"
 
@@ -225,6 +226,44 @@ TEST_F(Lifecycle, EndStopsTheClocksAndClosesTheInterfaceWithoutABlackout) {
     EXPECT_FALSE(Show.AutoXmit.Enabled);
     EXPECT_EQ(UsbCommands, std::vector<int>{2});
     EXPECT_EQ(Show.InterfaceOpen[3], 0);
+}
+
+TEST_F(Lifecycle, EndClosesWhatASearchLeftOpenBesideTheSelectedInterface) {
+    for (const char* selected : {"1", "2", "4", "5"}) {
+        SCOPED_TRACE(selected);
+        Show = ShowState{};
+        Settings["Interface/Type"] = selected;
+        ASSERT_TRUE(StartProgram());
+        const DrivingInterface before = PresentInterface();
+        ASSERT_TRUE(InitialiseInterfaces());
+        KeepInterface(before);
+        ASSERT_EQ(Show.InterfaceType, std::stoi(selected));
+        ASSERT_EQ(Show.InterfaceOpen[UsbInterface], 1);
+        UsbCommands.clear();
+        StopOutput();
+        EXPECT_EQ(UsbCommands, std::vector<int>{2});
+        EXPECT_EQ(Show.InterfaceOpen[UsbInterface], 0);
+    }
+}
+
+TEST_F(Lifecycle, EndClosesWhatIsOpenAlsoWhenNoInterfaceIsSelected) {
+    ASSERT_TRUE(StartProgram());
+    Show.InterfaceType = NoInterface; // a search found a card's operating system unreadable
+    UsbCommands.clear();
+    StopOutput();
+    EXPECT_EQ(UsbCommands, std::vector<int>{2});
+    EXPECT_EQ(Show.InterfaceOpen[UsbInterface], 0);
+}
+
+TEST_F(Lifecycle, EndTakesTheCaptionBackAlsoWhenNothingIsOpen) {
+    UsbKind = 4;
+    ASSERT_TRUE(StartProgram());
+    UsbCommands.clear();
+    Log.clear();
+    StopOutput();
+    EXPECT_EQ(Texts("caption").size(), 1u);
+    EXPECT_EQ(LastText("caption", "MDIHaupt"), ":  KMO DMX QUORVANE");
+    EXPECT_TRUE(UsbCommands.empty());
 }
 
 TEST_F(Lifecycle, ConfigurationSavedOnClosingDuringATransferHasTheParametersThatStoodBeforeIt) {
