@@ -1,5 +1,6 @@
 #include "platform/instancelock.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <string>
@@ -16,12 +17,14 @@ std::string LockPath() {
     return "/tmp/quorvane-" + std::to_string(getuid()) + ".lock";
 }
 
-// The lock belongs to the open file, not to the process, so that it also keeps apart two of one process.
+// Takes the lock unless another holds it; false then. A system that keeps no such locks tells otherwise and
+// counts as having nobody who holds one. The lock belongs to the open file, not to the process, so that it
+// also keeps apart two of one process.
 bool Lock(int file, short kind) {
     struct flock lock {};
     lock.l_type = kind;
     lock.l_whence = SEEK_SET;
-    return fcntl(file, F_OFD_SETLK, &lock) == 0;
+    return fcntl(file, F_OFD_SETLK, &lock) == 0 || (errno != EAGAIN && errno != EACCES);
 }
 
 bool IsOurs(int file) {
