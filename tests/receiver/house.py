@@ -134,11 +134,13 @@ class Recorder:
         self.thread.start()
 
     def record(self):
-        while self.running:
+        while True:
             try:
                 packet, (_, _, kind, *_) = self.socket.recvfrom(65536)
             except TimeoutError:
-                continue
+                if self.running:
+                    continue
+                return  # what was sent last has been read too
             if kind == socket.PACKET_OUTGOING and packet[12:14] == b"\x08\x00" and packet[23] == 17:
                 self.keep(packet)
 

@@ -100,7 +100,8 @@ def follow(ola, universe, ticks, process, steps):
 
 
 def compare(ola, start, packets, name, show, longest=None):
-    """Follows a round of a show that a process plays, or its first steps, and looks at the packets."""
+    """Follows a round of a show that a process plays, or its first steps, and looks at the packets; gives their
+    record."""
     protocol, universe = PROTOCOLS[name]
     ticks = show.round()
     recorder = house.Recorder(packets)
@@ -117,13 +118,17 @@ def compare(ola, start, packets, name, show, longest=None):
     check_packets(name, recorder, universe, "Quorvane")
     print(f"{protocol}: {len(expected)} steps followed of a sequence of {show.step_count}, {follower.passed} ticks between two "
           f"looks, {len(recorder.packets)} packets well formed", flush=True)
+    return recorder
 
 
 def play_demo(program, demo, ola, work, name):
     work.mkdir()
     show = prepare_folder(demo, work / "folder", *PROTOCOLS[name])
     longest = None if name == "sacn" else 40  # one whole round is enough: both take their levels from one place
-    compare(ola, lambda: start_program(program, work, work / "folder"), work / "packets.pcap", name, show, longest)
+    recorder = compare(ola, lambda: start_program(program, work, work / "folder"), work / "packets.pcap", name, show,
+                       longest)
+    if name == "sacn":
+        check_end(recorder, len(recorder.payloads) - 3)
 
 
 # ---- what tshark says
@@ -152,6 +157,13 @@ def check_packets(name, recorder, universe, source):
         check(constant == {(0x5000, universe, 512)}, f"head fields {constant}")
     check(len(rows) == len(recorder.packets), f"tshark knows {len(rows)} of {len(recorder.packets)} packets")
     check(sequence[1:] == following[:-1], "the sequence numbers do not count on")
+
+
+def check_end(recorder, frames):
+    """Receivers of sACN are told three times that the stream ends, and not before."""
+    options = [payload[112] for _, _, _, payload in recorder.payloads]
+    check(options == [0] * frames + [0x40] * 3,
+          f"options of {frames} frames and the end: {set(options[:-3])}, {options[-3:]} in {len(options)} packets")
 
 
 # ---- the output alone
@@ -186,8 +198,7 @@ def play_frames(player, work, frames, **settings):
 
 def check_stream_end(player, work):
     recorder = play_frames(player, work / "end", bytes(range(256)) * 2 * 10, Vorrang=120, Name="Bühne")
-    options = [payload[112] for _, _, _, payload in recorder.payloads]
-    check(options == [0] * 10 + [0x40] * 3, f"options of the packets: {options}")
+    check_end(recorder, 10)
     rows = house.dissect(recorder.path, "acn", "acn.dmx.priority", "acn.dmx.source_name")
     check({(int(row[0]), row[1].strip("\0 ")) for row in rows} == {(120, "Bühne")}, f"dissected: {rows[:3]}")
 
