@@ -1,14 +1,22 @@
 #include "app/heartbeat.h"
 
+#include "devices/interface.h"
 #include "devices/playunit.h"
 #include "model/screen.h"
 #include "model/show.h"
 #include "platform/host.h"
 #include "platform/monotonicclock.h"
 #include "platform/threadschedule_linux.h"
+#include "platform/tickgrid.h"
+
+#include <QEventLoop>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -40,9 +48,37 @@ protected:
         Show.TransferImage = static_cast<std::uint8_t>(image);
     }
 
+    static void ServeEventsFor(int milliseconds) {
+        QEventLoop loop;
+        QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    // Where in a period the beats stand, by the most punctual of some frames.
+    double PhaseOfBeats() {
+        phases.clear();
+        Host.DasHardCommand = [this](std::int32_t command, std::int32_t, std::uint8_t*) {
+            if (command == 4) phases.push_back(std::fmod(Seconds() - firstBeat, TickGrid::Period));
+            return 0;
+        };
+        while (phases.size() < 5) heartbeat.WaitForBeat();
+        return *std::ranges::min_element(phases);
+    }
+    // By how much what is done between two beats moves those that follow, at most half a period.
+    double Shift(const std::function<void()>& act) {
+        double shift = TickGrid::Period;
+        for (int tries = 0; tries < 20 && shift >= 0.010; ++tries) { // a busy machine may need some
+            const double before = PhaseOfBeats();
+            act();
+            const double after = PhaseOfBeats();
+            shift = std::abs(std::remainder(after - before, TickGrid::Period));
+        }
+        return shift;
+    }
+
     const double firstBeat = Seconds() + 0.050;
     Heartbeat heartbeat{firstBeat};
     int sent = 0;
+    std::vector<double> phases;
 };
 
 TEST_F(HeartbeatTest, WaitEndsRightAfterATick) {
@@ -93,6 +129,29 @@ TEST_F(HeartbeatTest, OverdueFirstBeatIsMadeUpForAndTheSecondComesAtItsOwnTime) 
     overdue.WaitForBeat();
     overdue.WaitForBeat();
     EXPECT_GE(Seconds(), moment + 0.050);
+}
+
+TEST_F(HeartbeatTest, EnablingTheEnabledClockBetweenTwoBeatsMovesNone) {
+    Show.AutoXmit.Enabled = true;
+    EXPECT_LT(Shift([] {
+                  ServeEventsFor(25);
+                  EnableOutputClock();
+              }),
+              0.010);
+}
+
+TEST_F(HeartbeatTest, ClockThatIsEnabledAgainFindsTheBeatsWhereTheyWere) {
+    Show.AutoXmit.Enabled = true;
+    for (const int pause : {15, 65}) { // without a beat meanwhile and with one
+        EXPECT_LT(Shift([pause] {
+                      ServeEventsFor(10);
+                      Show.AutoXmit.Enabled = false;
+                      ServeEventsFor(pause);
+                      EnableOutputClock();
+                  }),
+                  0.010)
+            << pause;
+    }
 }
 
 TEST_F(HeartbeatTest, ThreadIsPromptAndThoseItStartsAreNot) {
