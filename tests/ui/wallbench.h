@@ -25,11 +25,12 @@ protected:
         MakeWall(columns, rows);
         main->Wand->Open();
     }
-    void MakeWall(int columns, int rows) {
+    void MakeWall(int columns, int rows, int width = 600, int height = 600, int size = 100) {
         Show.WallColumns = static_cast<std::uint8_t>(columns);
         Show.WallRows = static_cast<std::uint8_t>(rows);
-        Show.WallAreaWidth = Show.WallAreaHeight = 600;
-        Show.ElementSize = 100;
+        Show.WallAreaWidth = width;
+        Show.WallAreaHeight = height;
+        Show.ElementSize = size;
         NeueWandInit();
         Show.ChangeFlags = {};
     }

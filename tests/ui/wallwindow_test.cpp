@@ -1,13 +1,10 @@
-#include "ui/windowbench.h"
+#include "ui/wallbench.h"
 
 #include "engine/outputclock.h"
 #include "engine/sequencer.h"
 #include "model/afterframe.h"
 #include "model/colour.h"
-#include "model/wall.h"
-#include "ui/frmWand.h"
 
-#include <QLabel>
 #include <QMdiSubWindow>
 #include <QPaintEvent>
 
@@ -29,35 +26,14 @@ public:
     QRegion Region;
 };
 
-class WallWindowTest : public WindowBench {
+class WallWindowTest : public WallBench {
 protected:
-    void MakeWall(int columns, int rows, int width = 600, int height = 600) {
-        Show.WallColumns = static_cast<std::uint8_t>(columns);
-        Show.WallRows = static_cast<std::uint8_t>(rows);
-        Show.WallAreaWidth = width;
-        Show.WallAreaHeight = height;
-        Show.ElementSize = 100;
-        NeueWandInit();
-    }
     QWidget* Field(int index) {
         return Find<QWidget>("frmWand", ("lblElement(" + std::to_string(index) + ")").c_str());
     }
     // The colour of a field beside its number.
     QColor Shown(int index) { return OnScreen(Field(index)).pixelColor(2, 2); }
 };
-
-TEST_F(WallWindowTest, FieldsLieGaplessRowByRowFromTheTopLeft) {
-    StartProgram();
-    MakeWall(4, 3, 610, 605); // 40.67 x 40.33 pixels
-    main->Wand->Open();
-    for (int index = 0; index < 12; ++index) {
-        QWidget* field = Field(index);
-        ASSERT_NE(field, nullptr);
-        const int column = index % 4;
-        EXPECT_EQ(field->x(), column == 0 ? 0 : Field(index - 1)->geometry().right() + 1);
-        EXPECT_EQ(field->y(), index < 4 ? 0 : Field(index - 4)->geometry().bottom() + 1);
-    }
-}
 
 TEST_F(WallWindowTest, FieldIsPaintedWithItsUncorrectedMixedColour) {
     StartProgram();
@@ -149,31 +125,6 @@ TEST_F(WallWindowTest, NewWallReplacesAllFieldsOfTheOld) {
     EXPECT_EQ(main->Wand->findChild<QWidget*>("lblElement(4)"), nullptr);
 }
 
-TEST_F(WallWindowTest, FieldIsNeverTooSmallToSeeWhateverTheFileSays) {
-    StartProgram();
-    MakeWall(3, 3, 0, -500);
-    main->Wand->Open();
-    EXPECT_EQ(Field(8)->size(), QSize(8, 8));
-    EXPECT_EQ(Show.WallAreaHeight, -500);
-}
-
-TEST_F(WallWindowTest, SmallWallStillShowsItsStatusLine) {
-    StartProgram();
-    MakeWall(1, 1, 600, 1200);
-    main->Wand->Open();
-    EXPECT_GE(main->Wand->lblStatus->y(), Field(0)->height());
-    EXPECT_GE(main->Wand->height(), Field(0)->height() + main->Wand->lblStatus->height());
-}
-
-TEST_F(WallWindowTest, HugeWallStaysWithinTheMainWindow) {
-    StartProgram();
-    MakeWall(11, 11, 30000, 30000);
-    main->Wand->Open();
-    const QWidget* frame = main->Wand->parentWidget();
-    EXPECT_LE(frame->width(), frame->parentWidget()->width());
-    EXPECT_LE(frame->height(), frame->parentWidget()->height());
-}
-
 TEST_F(WallWindowTest, CaptionIsTheWallNameWithoutItsPadding) {
     StartProgram();
     Show.WallName = "Bühne links         ";
@@ -240,20 +191,6 @@ TEST_F(WallWindowTest, NewWallEndsTheMaximisedWindow) {
     MakeWall(3, 2);
     EXPECT_FALSE(frame->isMaximized());
     EXPECT_EQ(main->Wand->size(), size);
-}
-
-TEST_F(WallWindowTest, RestoredWallIsPlacedWithLeftAndTopSwapped) {
-    StartProgram();
-    Show.WindowPos[WallWindow][PosLeft] = 300;
-    Show.WindowPos[WallWindow][PosTop] = 600;
-    Show.WindowPos[WallWindow][PosWidth] = 4500;
-    Show.WindowPos[WallWindow][PosHeight] = 3000;
-    Show.StatusFlags.Set(Status::SaveToCurrentFile);
-    MakeWall(3, 2);
-    Show.StatusFlags.Clear(Status::SaveToCurrentFile);
-    main->Wand->Open();
-    EXPECT_EQ(main->Wand->parentWidget()->pos(), QPoint(40, 20));
-    EXPECT_EQ(main->Wand->size(), QSize(300, 200));
 }
 
 TEST_F(WallWindowTest, PlayingPaintsEveryBlendTickOnTheWall) {
