@@ -23,12 +23,12 @@ namespace quorvane {
 
 namespace {
 
-constexpr double SmallestField = 8; // pixels
+constexpr int SmallestField = 8; // pixels
 
 // As drawn: never too small to see, and the whole wall never more than a widget can hold.
 double DrawnField(double stored, int fields) {
-    return std::clamp(stored / 15, SmallestField,
-                      QWIDGETSIZE_MAX / std::max(1.0, static_cast<double>(fields)));
+    return std::clamp<double>(stored, StoredOf(SmallestField),
+                              StoredOf(QWIDGETSIZE_MAX) / std::max(1.0, static_cast<double>(fields)));
 }
 
 } // namespace
@@ -83,8 +83,7 @@ void frmWand::FillScreen() {
 void frmWand::SizeWall(double width, double height, double labelWidth, double labelHeight) {
     fieldWidth = DrawnField(labelWidth, Show.WallColumns);
     fieldHeight = DrawnField(labelHeight, Show.WallRows);
-    grid->resize(static_cast<int>(fieldWidth * Show.WallColumns),
-                 static_cast<int>(fieldHeight * Show.WallRows));
+    grid->resize(PixelsOf(fieldWidth * Show.WallColumns), PixelsOf(fieldHeight * Show.WallRows));
     surface->resize(grid->size());
 
     // The formula leaves too little below small walls for the status line, so that has a say too.
@@ -107,10 +106,9 @@ void frmWand::PlaceWall(const QRect& place) {
 void frmWand::AddElement(int index, int column, int row) {
     auto* field = new WallElement(index, grid, surface);
     // Edges are rounded, not widths, so that no gap opens between fields.
-    const int left = static_cast<int>(fieldWidth * (column - 1));
-    const int top = static_cast<int>(fieldHeight * (row - 1));
-    field->setGeometry(left, top, static_cast<int>(fieldWidth * column) - left,
-                       static_cast<int>(fieldHeight * row) - top);
+    const int left = PixelsOf(fieldWidth * (column - 1));
+    const int top = PixelsOf(fieldHeight * (row - 1));
+    field->setGeometry(left, top, PixelsOf(fieldWidth * column) - left, PixelsOf(fieldHeight * row) - top);
     field->installEventFilter(this);
     field->show();
     lblElement.push_back(field);

@@ -50,8 +50,8 @@ private:
     WallSurface* surface; // over the fields
     std::vector<WallElement*> lblElement;
     AfterFrame drawing;     // of the colours painted since
-    double fieldWidth = 0;  // pixels
-    double fieldHeight = 0; // pixels
+    double fieldWidth = 0;  // 1/15 pixel
+    double fieldHeight = 0; // 1/15 pixel
     int focusIndex = 0;     // the field that has the focus when the window has it
 };
 

@@ -1,9 +1,43 @@
 // Where the wall window and its fields stand, and how large they are.
 #include "ui/wallbench.h"
 
+#include <limits>
+
 namespace quorvane {
 
-using WallPlacing = WallBench;
+class WallPlacing : public WallBench {
+protected:
+    // Within an area that holds an ordinary wall whole.
+    void StartWithRoom() {
+        StartProgram();
+        main->resize(1300, 1300);
+    }
+    // As at the start of the program, when the last files come back.
+    void RestoreWall(int columns, int rows, int width, int height) {
+        Show.StatusFlags.Set(Status::SaveToCurrentFile);
+        MakeWall(columns, rows, width, height);
+        Show.StatusFlags.Clear(Status::SaveToCurrentFile);
+    }
+    QSize WallSize() { return Find<QWidget>("frmWand", "picWand")->size(); }
+};
+
+TEST_F(WallPlacing, EdgesOfTheFieldsAreRoundedHalvesToEven) {
+    StartWithRoom();
+    MakeWall(4, 4, 615, 610, 200); // 20.5 x 20.33 pixels
+    EXPECT_EQ(Element(16)->geometry(), QRect(QPoint(62, 61), QPoint(81, 80)));
+    for (const auto& [element, edge] : std::vector<std::pair<int, int>>{{2, 20}, {3, 41}, {4, 62}})
+        EXPECT_EQ(Element(element)->x(), edge);
+    for (const auto& [element, edge] : std::vector<std::pair<int, int>>{{5, 20}, {9, 41}, {13, 61}})
+        EXPECT_EQ(Element(element)->y(), edge);
+    EXPECT_EQ(WallSize(), QSize(82, 81));
+}
+
+TEST_F(WallPlacing, WallIsNoPixelShortWhereItsLengthHasNoExactNumber) {
+    StartWithRoom();
+    MakeWall(11, 11, 600, 600, 110); // 36.36 pixels, of which 11 are 399.99999999999994
+    EXPECT_EQ(WallSize(), QSize(400, 400));
+    EXPECT_EQ(Element(121)->geometry().bottomRight(), QPoint(399, 399));
+}
 
 TEST_F(WallPlacing, FieldsLieGaplessRowByRowFromTheTopLeft) {
     StartProgram();
@@ -24,6 +58,19 @@ TEST_F(WallPlacing, FieldIsNeverTooSmallToSeeWhateverTheFileSays) {
     main->Wand->Open();
     EXPECT_EQ(Element(9)->size(), QSize(8, 8));
     EXPECT_EQ(Show.WallAreaHeight, -500);
+}
+
+TEST_F(WallPlacing, WholeWallIsNeverMoreThanAWidgetCanHold) {
+    constexpr int huge = std::numeric_limits<std::int32_t>::max();
+    StartWithRoom();
+    MakeWall(11, 11, huge, huge, 1);
+    main->Wand->Open();
+    EXPECT_EQ(WallSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    for (const int element : {1, 61, 121}) {
+        EXPECT_NEAR(Element(element)->width(), QWIDGETSIZE_MAX / 11, 1) << element;
+        EXPECT_NEAR(Element(element)->height(), QWIDGETSIZE_MAX / 11, 1) << element;
+    }
+    EXPECT_EQ(Element(121)->geometry().bottomRight(), QPoint(QWIDGETSIZE_MAX - 1, QWIDGETSIZE_MAX - 1));
 }
 
 TEST_F(WallPlacing, SmallWallStillShowsItsStatusLine) {
@@ -49,9 +96,7 @@ TEST_F(WallPlacing, RestoredWallIsPlacedWithLeftAndTopSwapped) {
     Show.WindowPos[WallWindow][PosTop] = 600;
     Show.WindowPos[WallWindow][PosWidth] = 4500;
     Show.WindowPos[WallWindow][PosHeight] = 3000;
-    Show.StatusFlags.Set(Status::SaveToCurrentFile);
-    MakeWall(3, 2);
-    Show.StatusFlags.Clear(Status::SaveToCurrentFile);
+    RestoreWall(3, 2, 600, 600);
     main->Wand->Open();
     EXPECT_EQ(main->Wand->parentWidget()->pos(), QPoint(40, 20));
     EXPECT_EQ(main->Wand->size(), QSize(300, 200));
