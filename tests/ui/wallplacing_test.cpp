@@ -21,6 +21,33 @@ protected:
     QSize WallSize() { return Find<QWidget>("frmWand", "picWand")->size(); }
 };
 
+TEST_F(WallPlacing, DefaultWallHasFieldsOf40x80PixelsInAWindowOf440x436) {
+    StartWithRoom();
+    MakeWall(10, 5, 600, 1200);
+    main->Wand->Open();
+    for (int element = 1; element <= 50; ++element) EXPECT_EQ(Element(element)->size(), QSize(40, 80));
+    EXPECT_EQ(WallSize(), QSize(400, 400));
+    EXPECT_EQ(main->Wand->size(), QSize(440, 436));
+}
+
+TEST_F(WallPlacing, ElevenByElevenWallHasAWindowOf488x1012) {
+    StartWithRoom();
+    MakeWall(11, 11, 600, 1200);
+    main->Wand->Open();
+    EXPECT_EQ(Element(121)->geometry(), QRect(400, 800, 40, 80));
+    EXPECT_EQ(WallSize(), QSize(440, 880));
+    EXPECT_EQ(main->Wand->size(), QSize(488, 1012)); // 488.4
+}
+
+TEST_F(WallPlacing, OneByOneWallIsAsHighAsItsFieldAndStatusLine) {
+    StartWithRoom();
+    MakeWall(1, 1, 600, 1200);
+    main->Wand->Open();
+    EXPECT_EQ(Element(1)->geometry(), QRect(0, 0, 40, 80));
+    EXPECT_EQ(WallSize(), QSize(40, 80));
+    EXPECT_EQ(main->Wand->height(), 80 + main->Wand->lblStatus->height()); // by the formula only 84
+}
+
 TEST_F(WallPlacing, EdgesOfTheFieldsAreRoundedHalvesToEven) {
     StartWithRoom();
     MakeWall(4, 4, 615, 610, 200); // 20.5 x 20.33 pixels
@@ -58,6 +85,14 @@ TEST_F(WallPlacing, FieldIsNeverTooSmallToSeeWhateverTheFileSays) {
     main->Wand->Open();
     EXPECT_EQ(Element(9)->size(), QSize(8, 8));
     EXPECT_EQ(Show.WallAreaHeight, -500);
+}
+
+TEST_F(WallPlacing, FieldOfNegativeSizeIsDrawnAsTheSmallest) {
+    StartWithRoom();
+    MakeWall(3, 2, 600, 1200, -100);
+    main->Wand->Open();
+    EXPECT_EQ(Element(6)->geometry(), QRect(16, 8, 8, 8));
+    EXPECT_EQ(Show.ElementSize, -100);
 }
 
 TEST_F(WallPlacing, WholeWallIsNeverMoreThanAWidgetCanHold) {
