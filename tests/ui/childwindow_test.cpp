@@ -7,6 +7,7 @@
 #include "ui/frmDMX.h"
 #include "ui/frmElement.h"
 #include "ui/frmOptions.h"
+#include "ui/geometry.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -89,6 +90,32 @@ TEST_F(ChildWindowTest, WindowClosedWhileMinimisedComesBackInItsNormalPlace) {
         EXPECT_TRUE(child.Window->isVisible());
         EXPECT_EQ(child.Frame()->pos(), QPoint(33, 44));
         EXPECT_EQ(child.Window->size(), size);
+        child.Frame()->close();
+    }
+}
+
+TEST_F(ChildWindowTest, StoredPlaceIsKeptWhereItIsSeenAndMovedIntoViewWhereItIsNot) {
+    struct Case {
+        QPoint Stored;
+        bool Kept;
+    };
+    Start();
+    for (const Child& child : Children()) {
+        Screen.OpenWindow(child.Number);
+        const QSize size = child.Window->size();
+        for (const Case& c : {Case{{33, 44}, true}, Case{{-100, 44}, true}, // partly outside, as it was left
+                              Case{{5000, 44}, false}, Case{{-5000, 44}, false}, Case{{33, 5000}, false},
+                              Case{{33, -5000}, false}}) {
+            SCOPED_TRACE(child.Window->objectName().toStdString() + " " + std::to_string(c.Stored.x()) + " " +
+                         std::to_string(c.Stored.y()));
+            child.Frame()->close();
+            StorePlace(child.Number, {c.Stored, size});
+            Screen.OpenWindow(child.Number);
+            const QRect area = child.Frame()->mdiArea()->viewport()->rect();
+            EXPECT_EQ(child.Frame()->pos() == c.Stored, c.Kept);
+            EXPECT_TRUE(c.Kept || area.contains(child.Frame()->geometry()));
+            EXPECT_EQ(child.Window->size(), size);
+        }
         child.Frame()->close();
     }
 }

@@ -1,6 +1,11 @@
 // Where the wall window and its fields stand, and how large they are.
 #include "ui/wallbench.h"
 
+#include "ui/geometry.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
 #include <limits>
 
 namespace quorvane {
@@ -19,6 +24,8 @@ protected:
         Show.StatusFlags.Clear(Status::SaveToCurrentFile);
     }
     QSize WallSize() { return Find<QWidget>("frmWand", "picWand")->size(); }
+    QMdiSubWindow* Frame() { return qobject_cast<QMdiSubWindow*>(main->Wand->parentWidget()); }
+    QRect FreeArea() { return Frame()->mdiArea()->viewport()->rect(); }
 };
 
 TEST_F(WallPlacing, DefaultWallHasFieldsOf40x80PixelsInAWindowOf440x436) {
@@ -135,6 +142,31 @@ TEST_F(WallPlacing, RestoredWallIsPlacedWithLeftAndTopSwapped) {
     main->Wand->Open();
     EXPECT_EQ(main->Wand->parentWidget()->pos(), QPoint(40, 20));
     EXPECT_EQ(main->Wand->size(), QSize(300, 200));
+}
+
+TEST_F(WallPlacing, RestoredWallWithoutAStoredSizeHasThatOfTheFormula) {
+    StartWithRoom();
+    for (const QSize& stored : {QSize(0, 0), QSize(0, 200), QSize(300, 0), QSize(-1, 200), QSize(300, -1)})
+        for (const bool open : {false, true}) {
+            Frame()->close();
+            if (open) main->Wand->Open();
+            StorePlace(WallWindow, QRect(QPoint(20, 40), stored));
+            RestoreWall(10, 5, 600, 1200);
+            main->Wand->Open();
+            EXPECT_EQ(Frame()->pos(), QPoint(40, 20)) << stored.width() << " " << stored.height();
+            EXPECT_EQ(main->Wand->size(), QSize(440, 436)) << stored.width() << " " << stored.height();
+        }
+}
+
+TEST_F(WallPlacing, RestoredWallThatWouldLieOutsideIsMovedIntoView) {
+    StartWithRoom();
+    main->Wand->Open();
+    for (const QPoint& stored : {QPoint(5000, 50), QPoint(-5000, 50), QPoint(50, 5000), QPoint(50, -5000)}) {
+        StorePlace(WallWindow, QRect(stored, QSize(300, 200)));
+        RestoreWall(3, 2, 600, 600);
+        EXPECT_TRUE(FreeArea().contains(Frame()->geometry())) << stored.x() << " " << stored.y();
+        EXPECT_EQ(main->Wand->size(), QSize(300, 200));
+    }
 }
 
 } // namespace quorvane
