@@ -5,6 +5,8 @@
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <limits>
 
@@ -17,6 +19,13 @@ protected:
         StartProgram();
         main->resize(1300, 1300);
     }
+    // A wall of 11 x 11 fields of 100 pixels in an area of about 600.
+    void StartWithHugeWall() {
+        StartProgram();
+        MakeWall(11, 11, 1500, 1500);
+        main->Wand->Open();
+        QCoreApplication::processEvents();
+    }
     // As at the start of the program, when the last files come back.
     void RestoreWall(int columns, int rows, int width, int height) {
         Show.StatusFlags.Set(Status::SaveToCurrentFile);
@@ -26,6 +35,21 @@ protected:
     QSize WallSize() { return Find<QWidget>("frmWand", "picWand")->size(); }
     QMdiSubWindow* Frame() { return qobject_cast<QMdiSubWindow*>(main->Wand->parentWidget()); }
     QRect FreeArea() { return Frame()->mdiArea()->viewport()->rect(); }
+    QScrollArea* Scrolled() { return main->Wand->findChild<QScrollArea*>(); }
+    // True when nothing of the field lies outside the window's view.
+    bool InView(int element) {
+        const QWidget* view = Scrolled()->viewport();
+        return view->rect().contains(
+            QRect(Element(element)->mapTo(view, QPoint()), Element(element)->size()));
+    }
+    // Clicks on the lower or right end of a scroll bar until it stands there.
+    static void ScrollToEnd(QScrollBar* bar) {
+        ASSERT_TRUE(bar->isVisible());
+        const QPoint end = bar->rect().bottomRight() - QPoint(3, 3);
+        for (int click = 0; click < 200 && bar->value() < bar->maximum(); ++click)
+            QTest::mouseClick(bar, Qt::LeftButton, {}, end);
+        EXPECT_EQ(bar->value(), bar->maximum());
+    }
 };
 
 TEST_F(WallPlacing, DefaultWallHasFieldsOf40x80PixelsInAWindowOf440x436) {
@@ -130,6 +154,39 @@ TEST_F(WallPlacing, HugeWallStaysWithinTheMainWindow) {
     const QWidget* frame = main->Wand->parentWidget();
     EXPECT_LE(frame->width(), frame->parentWidget()->width());
     EXPECT_LE(frame->height(), frame->parentWidget()->height());
+}
+
+TEST_F(WallPlacing, EveryFieldOfAHugeWallIsReachedByTheScrollBars) {
+    StartWithHugeWall();
+    ASSERT_FALSE(InView(121));
+    ScrollToEnd(Scrolled()->verticalScrollBar());
+    ScrollToEnd(Scrolled()->horizontalScrollBar());
+    EXPECT_TRUE(InView(121));
+    QTest::mouseClick(main->windowHandle(), Qt::LeftButton, {},
+                      Element(121)->mapTo(main.get(), Element(121)->rect().center()));
+    EXPECT_EQ(Selected(), (Elements{121}));
+}
+
+TEST_F(WallPlacing, FieldThatTheFrameMovesToIsScrolledIntoView) {
+    StartWithHugeWall();
+    Key(Qt::Key_Home);
+    for (int field = 0; field < 10; ++field) Key(Qt::Key_Right);
+    EXPECT_TRUE(InView(11));
+    for (int field = 0; field < 10; ++field) Key(Qt::Key_Down);
+    EXPECT_TRUE(InView(121));
+    EXPECT_FALSE(InView(1));
+    Key(Qt::Key_Home);
+    EXPECT_TRUE(InView(1));
+    Key(Qt::Key_End);
+    EXPECT_TRUE(InView(121));
+}
+
+TEST_F(WallPlacing, WallThatIsOnlyTooHighHasAScrollBarBesideItAndNoneBelow) {
+    StartWithWall(5, 30);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Scrolled()->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(Scrolled()->horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(InView(5));
 }
 
 TEST_F(WallPlacing, RestoredWallIsPlacedWithLeftAndTopSwapped) {
