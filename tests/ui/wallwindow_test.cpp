@@ -7,6 +7,7 @@
 
 #include <QMdiSubWindow>
 #include <QPaintEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -33,6 +34,24 @@ protected:
     }
     // The colour of a field beside its number.
     QColor Shown(int index) { return OnScreen(Field(index)).pixelColor(2, 2); }
+    // A picture cut to what is not black in it.
+    static QImage Digits(const QImage& picture) {
+        QRect digits;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (picture.pixelColor(x, y) != QColor(Qt::black)) digits |= QRect(x, y, 1, 1);
+        return picture.copy(digits).convertToFormat(QImage::Format_RGB32);
+    }
+    // A number in white, by the font of the fields.
+    QImage Written(int number) {
+        QImage picture(100, 60, QImage::Format_RGB32);
+        picture.fill(Qt::black);
+        QPainter painter(&picture);
+        painter.setFont(Field(0)->font());
+        painter.setPen(Qt::white);
+        painter.drawText(picture.rect(), Qt::AlignCenter, QString::number(number));
+        return Digits(picture);
+    }
 };
 
 TEST_F(WallWindowTest, FieldIsPaintedWithItsUncorrectedMixedColour) {
@@ -114,6 +133,15 @@ TEST_F(WallWindowTest, EveryFieldCarriesItsElementsNumber) {
         const QImage image = Field(index)->grab(QRect(0, 0, 40, 40)).toImage();
         EXPECT_EQ(std::count(seen.begin(), seen.end(), image), 0) << index; // no two are drawn alike
         seen.push_back(image);
+    }
+}
+
+TEST_F(WallWindowTest, DigitsInTheFieldAreThoseOfItsElementsNumber) {
+    StartWithWall(4, 3);
+    for (int index = 0; index < 12; ++index) {
+        const QImage inner = OnScreen(Field(index)).copy(3, 3, 34, 34); // within the frame of the focus
+        EXPECT_EQ(Digits(inner), Written(index + 1)) << index;
+        EXPECT_NE(Digits(inner), Written(index)) << index;
     }
 }
 
