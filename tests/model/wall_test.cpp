@@ -175,6 +175,7 @@ TEST_F(WallBuild, WarnsByElementCountAndNotByChannelTotal) {
     EXPECT_EQ(Texts("box")[0],
               "ACHTUNG! Sie haben 41 die jeweils 4 und insgesamt 164 Kanäle belegen."); // no noun, on purpose
     EXPECT_EQ(Log.back().Title, "QUORVANE");
+    EXPECT_EQ(Log.back().Sign, Icon::Exclamation);
 }
 
 TEST_F(WallBuild, WarnsAlsoWhenTheWallComesFromAFile) {
