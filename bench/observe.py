@@ -209,6 +209,19 @@ print(*woke)
         return [abs((after - before) / 1e6 - period_ms) for before, after in zip(woke, woke[1:])]
 
 
+def taken_by_machine(seconds, gap_ms=0.1):
+    """Per cent of that time that goes in gaps to a process that never rests: no program's doing, and whatever is due in
+    a gap is late."""
+    last = time.monotonic_ns()
+    finish, taken = last + seconds * 1e9, 0
+    while last < finish:
+        now = time.monotonic_ns()
+        if now - last > gap_ms * 1e6:
+            taken += now - last
+        last = now
+    return taken / seconds / 1e7
+
+
 def end(process):
     process.terminate()
     try:
