@@ -64,7 +64,8 @@ Heartbeat::Heartbeat(double firstBeat) {
 }
 
 void Heartbeat::AwaitTick() {
-    timer.WaitUntil(grid.Next() - SecondCall);
+    timer.ArmAt(grid.Next() - SecondCall);
+    timer.Wait();
     while (Seconds() < grid.Next()) continue;
 }
 

@@ -16,8 +16,8 @@ public:
 
     // Goes off once at that point in time of Seconds(); at once when it is past.
     void ArmAt(double seconds);
-    // Arms for that point in time and does not come back before it.
-    void WaitUntil(double seconds);
+    // Comes back when the timer has gone off, and acknowledges that.
+    void Wait();
     // Takes back what was armed, also when it has gone off already.
     void Disarm();
     // To be called when the timer went off. False when it had not, or was disarmed or armed anew meanwhile.

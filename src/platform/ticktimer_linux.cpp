@@ -33,8 +33,7 @@ void TickTimer::ArmAt(double seconds) {
     Set(handle, when);
 }
 
-void TickTimer::WaitUntil(double seconds) {
-    ArmAt(seconds);
+void TickTimer::Wait() {
     do {
         pollfd timer{static_cast<int>(handle), POLLIN, 0};
         poll(&timer, 1, -1);

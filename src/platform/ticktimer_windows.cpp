@@ -40,8 +40,7 @@ void TickTimer::ArmAt(double seconds) {
     SetWaitableTimer(TimerOf(handle), &wait, 0, nullptr, nullptr, FALSE);
 }
 
-void TickTimer::WaitUntil(double seconds) {
-    ArmAt(seconds);
+void TickTimer::Wait() {
     WaitForSingleObject(TimerOf(handle), INFINITE);
     Disarm();
 }

@@ -4,15 +4,19 @@
 
 #include "engine/outputclock.h"
 #include "model/sequence.h"
+#include "platform/monotonicclock.h"
+#include "platform/punctualcall.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 #include <numeric>
+#include <thread>
 
 namespace {
 
-bool counting = false;
-int allocations = 0;
+std::atomic<bool> counting = false;
+std::atomic<int> allocations = 0;
 
 void* Allocate(std::size_t size) {
     if (counting) ++allocations;
@@ -131,6 +135,22 @@ TEST_F(Allocation, NoneInATickOfTheLiveWallOrOfTestMode) {
         Show.StatusFlags.Set(Status::TestMode);
         EXPECT_EQ(AllocationsOf(2), 0) << "interface type " << type;
     }
+}
+
+TEST_F(Allocation, NoneInACallThatIsMadeOnTime) {
+    std::atomic<int> calls = 0;
+    PunctualCall punctual([&calls] { ++calls; });
+    allocations = 0;
+    counting = true;
+    for (int call = 1; call <= 100; ++call) {
+        punctual.At(Seconds() + 0.0005);
+        if (call % 4 != 0)
+            while (calls < call) std::this_thread::yield();
+        punctual.Now();
+    }
+    counting = false;
+    EXPECT_EQ(calls, 100);
+    EXPECT_EQ(allocations, 0);
 }
 
 } // namespace quorvane
