@@ -1,5 +1,6 @@
 #include "app/heartbeat.h"
 
+#include "devices/interface.h"
 #include "devices/playunit.h"
 #include "engine/outputclock.h"
 #include "model/afterframe.h"
@@ -33,6 +34,14 @@ namespace {
 constexpr double FirstCall = 0.002;    // seconds before the tick
 constexpr double SecondCall = 0.00015; // seconds before the tick
 
+// An interface that keeps time itself gets each frame so early that this thread may be late without anybody
+// seeing it. No tick is waited for then.
+constexpr double EarlyFrame = 0.010; // seconds before the tick
+
+bool InterfaceKeepsTime() { return Show.InterfaceType == UsbInterface && Host.DateNextFrame; }
+
+double Head() { return InterfaceKeepsTime() ? EarlyFrame : FirstCall; }
+
 bool AnyClockRuns() { return Show.AutoXmit.Enabled || Show.timSendToMerger.Enabled; }
 
 // A tick that fails stops its clock before anything is shown: one box, and not twenty a second.
@@ -60,10 +69,11 @@ Heartbeat::Heartbeat(double firstBeat) {
     connect(notifier, &QSocketNotifier::activated, this, [this] { Beat(); });
 #endif
     grid.Start(firstBeat - TickGrid::Period);
-    timer.ArmAt(grid.Next() - FirstCall);
+    timer.ArmAt(grid.Next() - Head());
 }
 
 void Heartbeat::AwaitTick() {
+    if (InterfaceKeepsTime()) return Host.DateNextFrame(grid.Next()); // it waits in our stead
     timer.ArmAt(grid.Next() - SecondCall);
     timer.Wait();
     while (Seconds() < grid.Next()) continue;
@@ -75,7 +85,7 @@ void Heartbeat::Beat() {
     if (!timer.Acknowledge()) return;
     if (AnyClockRuns()) AwaitTick();
     grid.Advance(Seconds());
-    timer.ArmAt(grid.Next() - FirstCall);
+    timer.ArmAt(grid.Next() - Head());
     RunTick(Show.AutoXmit, AutoXmit_Timer, StopOutputClock);
     RunTick(Show.timSendToMerger, timSendToMerger_Timer, AbandonTransfer);
     awake.Follow(Show.AutoXmit.Enabled, Show.StatusFlags.Has(Status::SequencePlaying));

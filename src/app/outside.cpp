@@ -33,7 +33,11 @@ Outside::Outside(const std::optional<std::string>& programFolder) {
     if (!libraries.MemoryCard) FillMemoryCard(reading.Settings);
 }
 
-Outside::~Outside() { Host = HostCalls{}; }
+// A frame may still wait for its moment, and whoever sends it asks for the network.
+Outside::~Outside() {
+    Host = HostCalls{};
+    if (network) network->Finish();
+}
 
 void Outside::FillSystem() {
     Host.ReadSetting = ReadSetting;
@@ -78,8 +82,15 @@ void Outside::FillUsb(const OutputSettings& settings) {
     Host.UsbDriver.Name = OutputDestination(settings);
     const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const auto say = [](std::string_view text) { Screen.WallStatus(text); };
-    network = std::make_unique<NetworkOutput>(settings, StableCid(own + "/Quorvane/Absender.id"),
-                                              NetworkOutput::Surroundings{say, Seconds, 0});
+    sending.emplace([this] { network->SendWaiting(); });
+    network = std::make_unique<NetworkOutput>(
+        settings, StableCid(own + "/Quorvane/Absender.id"),
+        NetworkOutput::Surroundings{.Report = say,
+                                    .Seconds = Seconds,
+                                    .Port = 0,
+                                    .SendAt = [this](double moment) { sending->At(moment); },
+                                    .SendNow = [this] { sending->Now(); }});
+    Host.DateNextFrame = [this](double moment) { network->DateNextFrame(moment); };
     Host.DasHardCommand = [this](std::int32_t command, std::int32_t parameter, std::uint8_t* buffer) {
         return network->HardCommand(command, parameter, buffer);
     };

@@ -7,6 +7,7 @@
 #include "drivers/simulated_memorycard.h"
 #include "platform/instancelock.h"
 #include "platform/portaccess.h"
+#include "platform/punctualcall.h"
 
 #include <memory>
 #include <optional>
@@ -36,6 +37,7 @@ private:
     PortAccess ports;
     std::optional<SimulatedCard> simulatedCard;
     std::optional<SimulatedMemoryCard> simulatedMemoryCard;
+    std::optional<PunctualCall> sending; // of the network's frames
     std::unique_ptr<NetworkOutput> network;
     std::vector<std::string> messages;
 };

@@ -83,6 +83,7 @@ std::int32_t NetworkOutput::HardCommand(std::int32_t command, std::int32_t param
 std::int32_t NetworkOutput::Open() {
     if (settings.Protocol == OutputProtocol::None) return 0;
     stream = Stream::Open;
+    SettleWaiting(); // it may tell that the network is there
     if (link != Link::There) TryNetwork();
     Schedule();
     return Kind;
@@ -97,12 +98,21 @@ std::int32_t NetworkOutput::Close() {
 }
 
 std::int32_t NetworkOutput::SendFrame(std::span<const std::uint8_t> values) {
+    const auto moment = std::exchange(nextMoment, std::nullopt);
     if (stream != Stream::Open) return 0;
+    SettleWaiting();
     if (IsSacn())
         SetSacnValues(sacn, values);
     else
         SetArtDmxValues(artDmx, values);
     hasFrame = true;
+    if (moment && surroundings.SendAt && socket.state() == QAbstractSocket::BoundState) {
+        Stamp(false);
+        lastSent = surroundings.Seconds();
+        waits = true;
+        surroundings.SendAt(*moment);
+        return 1;
+    }
     Transmit();
     return link == Link::There;
 }
@@ -126,7 +136,7 @@ void NetworkOutput::Service() {
 void NetworkOutput::Finish() {
     EndStream();
     timer.stop();
-    socket.close();
+    CloseSocket();
     link = Link::Unknown;
 }
 
@@ -151,7 +161,7 @@ void NetworkOutput::Schedule() {
 
 void NetworkOutput::TryNetwork() {
     nextTry = surroundings.Seconds() + RetrySeconds;
-    socket.close();
+    CloseSocket();
     if (BindSocket() && hasFrame) Transmit();
 }
 
@@ -166,6 +176,7 @@ bool NetworkOutput::BindSocket() {
     }
     if (settings.Delivery == OutputDelivery::Multicast)
         socket.setSocketOption(QAbstractSocket::MulticastTtlOption, MulticastHops);
+    descriptor = socket.socketDescriptor();
     return true;
 }
 
@@ -198,29 +209,43 @@ bool NetworkOutput::CardIsThere() const {
 }
 
 void NetworkOutput::Transmit(bool terminated) {
+    SettleWaiting();
     if (socket.state() != QAbstractSocket::BoundState) return;
+    Stamp(terminated);
+    sent = Send();
+    Judge();
+}
+
+void NetworkOutput::Stamp(bool terminated) {
     sequence = IsSacn() ? static_cast<std::uint8_t>(sequence + 1) : NextArtDmxSequence(sequence);
-    if (Write(terminated)) {
+    if (IsSacn())
+        StampSacnPacket(sacn, sequence, terminated);
+    else
+        StampArtDmxPacket(artDmx, sequence);
+}
+
+Sent NetworkOutput::Send() const {
+    const auto packet =
+        IsSacn() ? std::span<const std::uint8_t>(sacn) : std::span<const std::uint8_t>(artDmx);
+    return SendDatagram(descriptor, packet, destination.toIPv4Address(), port);
+}
+
+// What became of a frame that had its moment is looked at when the next one comes, in the owner's thread.
+void NetworkOutput::SettleWaiting() {
+    if (!std::exchange(waits, false)) return;
+    surroundings.SendNow();
+    Judge();
+}
+
+// A full queue of the network card is over with the next frame; everything else is a loss.
+void NetworkOutput::Judge() {
+    if (sent == Sent::Yes) {
         lastSent = surroundings.Seconds();
         NetworkIsThere();
-    } else if (socket.error() != QAbstractSocket::TemporaryError) {
-        // A full queue of the network card is over with the next frame; everything else is a loss.
+    } else if (sent == Sent::No) {
         NetworkIsLost(QStringLiteral("an ") + destination.toString() +
                       QStringLiteral(" lässt sich nichts senden"));
     }
-}
-
-bool NetworkOutput::Write(bool terminated) {
-    const auto send = [this](const auto& packet) {
-        return socket.writeDatagram(reinterpret_cast<const char*>(packet.data()),
-                                    static_cast<qint64>(packet.size()), destination, port) >= 0;
-    };
-    if (IsSacn()) {
-        StampSacnPacket(sacn, sequence, terminated);
-        return send(sacn);
-    }
-    StampArtDmxPacket(artDmx, sequence);
-    return send(artDmx);
 }
 
 void NetworkOutput::Announce() {
@@ -230,13 +255,18 @@ void NetworkOutput::Announce() {
                          QHostAddress(SacnMulticastGroup(SacnDiscoveryUniverse)), port);
 }
 
+void NetworkOutput::CloseSocket() {
+    SettleWaiting();
+    socket.close();
+}
+
 void NetworkOutput::NetworkIsThere() {
     const bool wasLost = std::exchange(link, Link::There) == Link::Lost;
     if (wasLost) surroundings.Report("DMX-Ausgabe: Das Netzwerk ist wieder da.");
 }
 
 void NetworkOutput::NetworkIsLost(const QString& cause) {
-    socket.close();
+    CloseSocket();
     nextTry = surroundings.Seconds() + RetrySeconds;
     if (std::exchange(link, Link::Lost) == Link::Lost) return;
     QString text = QStringLiteral("DMX-Ausgabe: Das Netzwerk ist nicht erreichbar (%1). "

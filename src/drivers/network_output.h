@@ -1,9 +1,11 @@
 // The built-in DMX output: what a USB interface with its driver library is elsewhere, here a sender of
 // sACN or Art-Net. It understands the five commands of that library, so that the program drives it like
-// the interface. One thread, no waiting: a frame that the network does not take is gone, the next follows.
+// the interface. No waiting: a frame that the network does not take is gone, the next follows. All of it
+// belongs to one thread, but for the sending of a frame that was told its moment.
 #pragma once
 
 #include "drivers/artnet_packet.h"
+#include "drivers/datagram.h"
 #include "drivers/output_settings.h"
 #include "drivers/sacn_packet.h"
 
@@ -13,6 +15,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -29,6 +32,11 @@ public:
         std::function<double()> Seconds; // empty: the system's
         // Where receivers listen; 0: the port of the protocol's standard.
         std::uint16_t Port = 0;
+        // SendAt sees to it that SendWaiting is called at that moment of Seconds, on any thread. SendNow
+        // calls it at once unless that was done, and does not come back while it runs. Without the two a
+        // frame leaves as soon as it is handed over.
+        std::function<void(double moment)> SendAt = {};
+        std::function<void()> SendNow = {};
     };
 
     // The kind that command 1 answers: the program takes it for a USB interface of its second model.
@@ -56,6 +64,11 @@ public:
     // channels, buffer their values. Commands other than 1 answer 1 when they took effect, else 0.
     std::int32_t HardCommand(std::int32_t command, std::int32_t parameter, std::uint8_t* buffer);
 
+    // The frame that is handed over next is to leave at that moment of Seconds, not before.
+    void DateNextFrame(double moment) { nextMoment = moment; }
+    // Sends the frame that waits for its moment; see Surroundings.
+    void SendWaiting() { sent = Send(); }
+
     // What is due by now: a still stream kept alive, a lost network tried again, a sender announced, a
     // closed stream ended.
     // Called by the event loop; a test that moves the time itself calls it too.
@@ -78,7 +91,11 @@ private:
     bool BindToCard();
     bool CardIsThere() const;
     void Transmit(bool terminated = false);
-    bool Write(bool terminated);
+    void Stamp(bool terminated);
+    Sent Send() const;
+    void SettleWaiting();
+    void Judge();
+    void CloseSocket();
     void Announce();
     void NetworkIsThere();
     void NetworkIsLost(const QString& cause);
@@ -94,12 +111,16 @@ private:
     ArtDmxPacket artDmx;
     std::uint8_t sequence = 0; // of the last packet; runs on over close and open
     bool hasFrame = false;     // a frame was handed over since the stream began
+    std::optional<double> nextMoment;
+    bool waits = false;    // for its moment; until it is settled, the packet belongs to whoever sends it
+    Sent sent = Sent::Yes; // what became of the last packet
 
     Stream stream = Stream::Closed;
     Link link = Link::Unknown;
     double lastSent = 0, closedAt = 0, nextTry = 0, nextLook = 0, nextAnnouncement = 0;
 
     QUdpSocket socket;
+    std::intptr_t descriptor = -1; // of the socket while it is bound
     QHostAddress destination, cardAddress;
     std::uint16_t port = 0;
     QTimer timer;

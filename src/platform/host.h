@@ -46,6 +46,9 @@ struct HostCalls {
     // USB interface library, entry _DasHardCommand.
     std::function<std::int32_t(std::int32_t command, std::int32_t parameter, std::uint8_t* buffer)>
         DasHardCommand = [](std::int32_t, std::int32_t, std::uint8_t*) { return 0; };
+    // The frame that DasHardCommand is given next is to leave at that moment of Seconds, not before. Empty
+    // for an interface that sends each frame as soon as it has it.
+    std::function<void(double moment)> DateNextFrame;
 
     // Card driver library of the PCMCIA and PCI cards.
     std::function<std::int32_t(std::int32_t* handle, std::int32_t* frame)> DMXSEND =

@@ -102,6 +102,46 @@ TEST_F(HeartbeatTest, NoFrameLeavesBeforeItsTime) {
         EXPECT_GE(times.at(static_cast<std::size_t>(frame)) - firstBeat, 0.050 * frame) << frame;
 }
 
+TEST_F(HeartbeatTest, InterfaceThatKeepsTimeIsToldTheMomentOfEachFrameAndGetsItEarly) {
+    std::vector<double> moments;
+    double earliest = 0.0;
+    bool onGrid = false;
+    int frames = 0;
+    Host.DateNextFrame = [&](double moment) {
+        onGrid |= !moments.empty() && std::abs(moment - moments.back() - TickGrid::Period) < 1e-6;
+        moments.push_back(moment);
+    };
+    Host.DasHardCommand = [&](std::int32_t command, std::int32_t, std::uint8_t*) {
+        if (command == 4) {
+            ++frames;
+            EXPECT_EQ(moments.size(), static_cast<std::size_t>(frames)) << "told right before it";
+            earliest = std::max(earliest, moments.back() - Seconds());
+        }
+        return 0;
+    };
+    Show.AutoXmit.Enabled = true;
+    for (int tries = 0; tries < 40 && (earliest < 0.005 || !onGrid); ++tries) // a busy machine may need some
+        heartbeat.WaitForBeat();
+    EXPECT_TRUE(onGrid);
+    EXPECT_GE(earliest, 0.005);
+    EXPECT_LE(earliest, 0.010);
+}
+
+TEST_F(HeartbeatTest, InterfaceThatKeepsTimeIsNoneOfTheOthers) {
+    constexpr int frames = 10;
+    std::vector<double> times;
+    Host.DateNextFrame = [](double) { ADD_FAILURE() << "for the USB interface alone"; };
+    Host.DMXSEND = [&times](std::int32_t*, std::int32_t*) {
+        times.push_back(Seconds());
+        return 0;
+    };
+    Show.InterfaceType = PciCard;
+    Show.AutoXmit.Enabled = true;
+    while (times.size() < frames) heartbeat.WaitForBeat();
+    for (int frame = 0; frame < frames; ++frame)
+        EXPECT_GE(times.at(static_cast<std::size_t>(frame)) - firstBeat, 0.050 * frame) << frame;
+}
+
 TEST_F(HeartbeatTest, FirstBeatComesNotBeforeTheMomentGiven) {
     const double moment = Seconds() + 0.2;
     Heartbeat later{moment};

@@ -7,12 +7,16 @@
 #include "model/screen.h"
 #include "model/show.h"
 #include "platform/host.h"
+#include "platform/monotonicclock.h"
 #include "platform/sharedlibrary.h"
 
+#include <QNetworkDatagram>
 #include <QTemporaryDir>
+#include <QUdpSocket>
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -222,6 +226,48 @@ TEST_F(OutsideTest, OutputThatIsSwitchedOffFindsNoInterface) {
     EXPECT_EQ(Host.DasHardCommand(1, 0, nullptr), 0);
 }
 
+TEST_F(OutsideTest, DatedFrameLeavesByItselfAndNotBeforeItsMoment) {
+    Begin("Adresse = 127.0.0.77\n");
+    QUdpSocket receiver;
+    ASSERT_TRUE(
+        receiver.bind(QHostAddress(QStringLiteral("127.0.0.77")), SacnPort, QUdpSocket::ShareAddress));
+    Host.DasHardCommand(1, 0, nullptr);
+    std::array<std::uint8_t, 512> frame{};
+    for (int tick = 0; tick < 20; ++tick) {
+        const double moment = Seconds() + 0.005;
+        Host.DateNextFrame(moment);
+        Host.DasHardCommand(4, 512, frame.data());
+        while (!receiver.hasPendingDatagrams() && Seconds() < moment + 10.0) continue;
+        ASSERT_GE(Seconds(), moment);
+        ASSERT_TRUE(receiver.hasPendingDatagrams());
+        receiver.receiveDatagram();
+        EXPECT_FALSE(receiver.hasPendingDatagrams()) << "it leaves once";
+    }
+}
+
+TEST_F(OutsideTest, FrameThatStillWaitsAtTheEndGoesOutBeforeTheEndOfTheStream) {
+    Begin("Adresse = 127.0.0.78\n");
+    QUdpSocket receiver;
+    ASSERT_TRUE(
+        receiver.bind(QHostAddress(QStringLiteral("127.0.0.78")), SacnPort, QUdpSocket::ShareAddress));
+    Host.DasHardCommand(1, 0, nullptr);
+    std::array<std::uint8_t, 512> frame{};
+    Host.DateNextFrame(Seconds() + 3600.0);
+    Host.DasHardCommand(4, 512, frame.data());
+    EXPECT_FALSE(receiver.hasPendingDatagrams());
+    outside.reset();
+    std::vector<bool> ends;
+    while (receiver.hasPendingDatagrams())
+        ends.push_back((receiver.receiveDatagram().data()[112] & 0x40) != 0); // E1.31: Stream_Terminated
+    EXPECT_EQ(ends, (std::vector<bool>{false, true, true, true}));
+}
+
+TEST_F(OutsideTest, InterfaceOfALibraryGetsItsFramesWhenTheyAreDue) {
+    Install("USBDMXVB");
+    Begin();
+    EXPECT_FALSE(Host.DateNextFrame);
+}
+
 TEST_F(OutsideTest, LostNetworkIsToldAtTheWall) {
     TextList told;
     Screen.WallStatus = [&told](std::string_view text) { told.emplace_back(text); };
@@ -239,6 +285,7 @@ TEST_F(OutsideTest, HostIsEmptyAgainBehindIt) {
     EXPECT_EQ(FindCard(), 0);
     EXPECT_EQ(Host.vbRRAMC(0x200), 255);
     EXPECT_EQ(Host.DasHardCommand(1, 0, nullptr), 0);
+    EXPECT_FALSE(Host.DateNextFrame);
     EXPECT_EQ(Host.PortDriver.From, DriverOrigin::Nobody);
     EXPECT_EQ(Host.UsbDriver.From, DriverOrigin::Nobody);
     EXPECT_EQ(Host.ProgramFolder, "");
