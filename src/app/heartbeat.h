@@ -1,5 +1,6 @@
 // The one clock of the program: every 50 ms it asks which of the show's clocks are enabled and runs one
 // tick of each. It starts with the program and never stops, so that enabling a clock does not move its grid.
+// For an interface that keeps time itself the tick runs a little early, and the frame waits out there.
 #pragma once
 
 #include "app/stayawake.h"

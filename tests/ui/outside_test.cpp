@@ -61,7 +61,16 @@ protected:
         outside.emplace(Path("program").string());
     }
 
+    // The same, sending to the receiver.
+    void BeginHeardAt(const std::string& address) {
+        Begin("Adresse = " + address + "\n");
+        ASSERT_TRUE(
+            receiver.bind(QHostAddress(QString::fromStdString(address)), SacnPort, QUdpSocket::ShareAddress));
+        Host.DasHardCommand(1, 0, nullptr);
+    }
+
     QTemporaryDir folder;
+    QUdpSocket receiver;
     Environment config{"XDG_CONFIG_HOME", Path("config").string()};
     Environment runtime{"XDG_RUNTIME_DIR", Path("run").string()};
     std::optional<Outside> outside;
@@ -227,11 +236,7 @@ TEST_F(OutsideTest, OutputThatIsSwitchedOffFindsNoInterface) {
 }
 
 TEST_F(OutsideTest, DatedFrameLeavesByItselfAndNotBeforeItsMoment) {
-    Begin("Adresse = 127.0.0.77\n");
-    QUdpSocket receiver;
-    ASSERT_TRUE(
-        receiver.bind(QHostAddress(QStringLiteral("127.0.0.77")), SacnPort, QUdpSocket::ShareAddress));
-    Host.DasHardCommand(1, 0, nullptr);
+    BeginHeardAt("127.0.0.77");
     std::array<std::uint8_t, 512> frame{};
     for (int tick = 0; tick < 20; ++tick) {
         const double moment = Seconds() + 0.005;
@@ -246,11 +251,7 @@ TEST_F(OutsideTest, DatedFrameLeavesByItselfAndNotBeforeItsMoment) {
 }
 
 TEST_F(OutsideTest, FrameThatStillWaitsAtTheEndGoesOutBeforeTheEndOfTheStream) {
-    Begin("Adresse = 127.0.0.78\n");
-    QUdpSocket receiver;
-    ASSERT_TRUE(
-        receiver.bind(QHostAddress(QStringLiteral("127.0.0.78")), SacnPort, QUdpSocket::ShareAddress));
-    Host.DasHardCommand(1, 0, nullptr);
+    BeginHeardAt("127.0.0.78");
     std::array<std::uint8_t, 512> frame{};
     Host.DateNextFrame(Seconds() + 3600.0);
     Host.DasHardCommand(4, 512, frame.data());
