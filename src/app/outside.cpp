@@ -13,6 +13,7 @@
 #include "platform/registry.h"
 #include "platform/systemversion.h"
 #include "platform/texteditor.h"
+#include "platform/tickgrid.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
@@ -82,7 +83,7 @@ void Outside::FillUsb(const OutputSettings& settings) {
     Host.UsbDriver.Name = OutputDestination(settings);
     const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const auto say = [](std::string_view text) { Screen.WallStatus(text); };
-    sending.emplace([this] { network->SendWaiting(); });
+    sending.emplace([this] { network->SendWaiting(); }, TickGrid::Period);
     network = std::make_unique<NetworkOutput>(
         settings, StableCid(own + "/Quorvane/Absender.id"),
         NetworkOutput::Surroundings{.Report = say,

@@ -4,12 +4,15 @@
 #include "platform/processors.h"
 #include "platform/promptthread.h"
 
+#include <cmath>
 #include <set>
 #include <utility>
 
 namespace quorvane {
 
 namespace {
+
+constexpr double SameMoment = 1e-6; // seconds
 
 // Two that lie far apart: neighbours may be halves of one. One where there is no other.
 std::set<int> ProcessorsToUse() {
@@ -20,7 +23,8 @@ std::set<int> ProcessorsToUse() {
 
 } // namespace
 
-PunctualCall::PunctualCall(std::function<void()> theCall) : call(std::move(theCall)) {
+PunctualCall::PunctualCall(std::function<void()> theCall, double thePeriod)
+    : call(std::move(theCall)), period(thePeriod) {
     try {
         for (const int processor : ProcessorsToUse()) {
             TickTimer& timer = timers.emplace_back();
@@ -38,13 +42,20 @@ PunctualCall::PunctualCall(std::function<void()> theCall) : call(std::move(theCa
 
 PunctualCall::~PunctualCall() { End(); }
 
+// A thread that came for a call and found none told sleeps until it is woken, so one that is told late wakes
+// too.
 void PunctualCall::At(double theMoment) {
     {
         std::unique_lock lock(guard);
         made.wait(lock, [this] { return !beingMade; });
+        const double now = Seconds();
+        const bool comingAnyway = Expected() > now && std::abs(theMoment - Expected()) < SameMoment;
         moment = theMoment;
         waits = true;
-        if (moment <= Seconds()) return MakeIfWaiting(lock);
+        if (moment <= now)
+            MakeIfWaiting(lock);
+        else if (comingAnyway)
+            return;
     }
     WakeThreads();
 }
@@ -55,7 +66,10 @@ void PunctualCall::Now() {
     made.wait(lock, [this] { return !beingMade; });
 }
 
-// Each arms its own timer: one that was armed here would go off on the processor of this thread.
+// What the threads wait for.
+double PunctualCall::Expected() const { return waits ? moment : moment + period; }
+
+// Each arms its own timer: one that was armed in At would go off on the processor of that thread.
 void PunctualCall::Serve(TickTimer& timer) {
     std::unique_lock lock(guard);
     while (!ends) {
@@ -63,7 +77,7 @@ void PunctualCall::Serve(TickTimer& timer) {
             MakeIfWaiting(lock);
             continue;
         }
-        if (waits) timer.ArmAt(moment);
+        if (waits || Expected() > Seconds()) timer.ArmAt(Expected());
         lock.unlock();
         timer.Wait();
         lock.lock();

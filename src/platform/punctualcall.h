@@ -17,8 +17,9 @@ namespace quorvane {
 class PunctualCall {
 public:
     // The call is made on a thread of its own or out of At and Now. It must not throw, nor use this object.
-    // Throws std::system_error when the system has no threads or timers left.
-    explicit PunctualCall(std::function<void()> call);
+    // Calls that follow one another at that period, in seconds, cost least: the threads then set out for the
+    // next before its moment is told. Throws std::system_error when the system has no threads or timers left.
+    PunctualCall(std::function<void()> call, double period);
     // A call that waits is left out, one that is being made is waited for.
     ~PunctualCall();
     PunctualCall(const PunctualCall&) = delete;
@@ -32,15 +33,17 @@ public:
     void Now();
 
 private:
+    double Expected() const;
     void Serve(TickTimer& timer);
     void MakeIfWaiting(std::unique_lock<std::mutex>& lock);
     void WakeThreads();
     void End();
 
     const std::function<void()> call;
-    std::mutex guard; // of what follows
+    const double period; // seconds
+    std::mutex guard;    // of what follows
     std::condition_variable made;
-    double moment = 0.0;
+    double moment = 0.0; // of the call that waits or was the last
     bool waits = false, beingMade = false, ends = false;
 
     std::list<TickTimer> timers; // one for each thread

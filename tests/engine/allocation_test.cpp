@@ -139,7 +139,7 @@ TEST_F(Allocation, NoneInATickOfTheLiveWallOrOfTestMode) {
 
 TEST_F(Allocation, NoneInACallThatIsMadeOnTime) {
     std::atomic<int> calls = 0;
-    PunctualCall punctual([&calls] { ++calls; });
+    PunctualCall punctual([&calls] { ++calls; }, 0.0005);
     allocations = 0;
     counting = true;
     for (int call = 1; call <= 100; ++call) {

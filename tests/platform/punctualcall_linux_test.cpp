@@ -16,10 +16,12 @@ TEST(PunctualCallThreads, StayEachOnAProcessorOfItsOwn) {
     const std::vector<int> allowed = AllowedProcessors();
     std::atomic<int> calls = 0;
     std::vector<int> makers;
-    PunctualCall punctual([&] {
-        makers = AllowedProcessors();
-        ++calls;
-    });
+    PunctualCall punctual(
+        [&] {
+            makers = AllowedProcessors();
+            ++calls;
+        },
+        0.050);
     for (int call = 1; call <= 10; ++call) {
         punctual.At(Seconds() + 0.050);
         for (const double end = Seconds() + 10.0; calls < call && Seconds() < end;) std::this_thread::yield();
