@@ -44,15 +44,15 @@ void WallElement::SetText(const QColor& colour) {
 void WallElement::DrawAnew() { surface->update(geometry()); }
 
 // With an edge, so that white can be read on white and red on the dark highlight.
-void WallElement::DrawNumber() {
+void WallElement::DrawNumber(double pixelRatio) {
     const QString digits = QString::number(Index + 1);
-    const QSize size = fontMetrics().size(Qt::TextSingleLine, digits) + QSize(2, 2);
-    number = QPixmap(size * devicePixelRatioF());
-    number.setDevicePixelRatio(devicePixelRatioF());
+    numberSize = fontMetrics().size(Qt::TextSingleLine, digits) + QSize(2, 2);
+    number = QPixmap(numberSize * pixelRatio);
+    number.setDevicePixelRatio(pixelRatio);
     number.fill(Qt::transparent);
     QPainter painter(&number);
     painter.setFont(font());
-    const QRect place(QPoint(0, 0), size);
+    const QRect place(QPoint(0, 0), numberSize);
     painter.setPen(text == Qt::white ? QColor(0, 0, 0, 110) : QColor(255, 255, 255, 90));
     for (const QPoint side : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)})
         painter.drawText(place.translated(side), Qt::AlignCenter, digits);
@@ -60,10 +60,10 @@ void WallElement::DrawNumber() {
     painter.drawText(place, Qt::AlignCenter, digits);
 }
 
-void WallElement::Draw(QPainter& painter, const QRect& place) {
+void WallElement::Draw(QPainter& painter, const QRect& place, double pixelRatio) {
     painter.fillRect(place, background);
-    if (number.isNull() || number.devicePixelRatio() != devicePixelRatioF()) DrawNumber();
-    const QSize room = place.size() - number.deviceIndependentSize().toSize();
+    if (number.isNull() || number.devicePixelRatio() != pixelRatio) DrawNumber(pixelRatio);
+    const QSize room = place.size() - numberSize;
     painter.drawPixmap(place.topLeft() + QPoint(room.width() / 2, room.height() / 2), number);
     if (!framed || !hasFocus()) return;
     // Two lines, so that the frame is seen on every colour.
@@ -76,7 +76,7 @@ void WallElement::Draw(QPainter& painter, const QRect& place) {
 // Where the field is asked for alone.
 void WallElement::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    Draw(painter, rect());
+    Draw(painter, rect(), devicePixelRatioF());
 }
 
 // Turning back to the window brings the frame back that was there.

@@ -24,8 +24,8 @@ public:
     void PaintSelected();
     void PaintUnselected(ScreenColour colour);
 
-    // As it looks now, at that place.
-    void Draw(QPainter& painter, const QRect& place);
+    // As it looks now, at that place, on a screen with so many dots to a pixel.
+    void Draw(QPainter& painter, const QRect& place, double pixelRatio);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -34,11 +34,12 @@ protected:
 
 private:
     void SetText(const QColor& colour);
-    void DrawNumber();
+    void DrawNumber(double pixelRatio);
     void DrawAnew();
 
     QWidget* surface;
     QPixmap number; // drawn once, since the field is painted at every tick of a blend
+    QSize numberSize;
     QColor background = Qt::black;
     QColor text = Qt::white;
     bool stale = false;  // the background is not on the screen yet

@@ -26,8 +26,10 @@ void WallSurface::Refresh() {
 
 void WallSurface::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    const double pixelRatio = devicePixelRatioF(); // asked for once: it takes a way through window and screen
     for (WallElement* field : fields)
-        if (event->rect().intersects(field->geometry())) field->Draw(painter, field->geometry());
+        if (const QRect& place = field->geometry(); event->rect().intersects(place))
+            field->Draw(painter, place, pixelRatio);
 }
 
 } // namespace quorvane
