@@ -1,5 +1,5 @@
 """Works in the running program as a person does: with the mouse and keys of a display, at the places that the
-plug-in eye.cpp names. Needs Xvfb and libXtst; the plug-in must have been built (build_program)."""
+plug-in eye.cpp names. Needs Xvfb and libXtst; the plug-in must have been built."""
 import ctypes
 import os
 import pathlib
@@ -7,19 +7,8 @@ import subprocess
 import sys
 import time
 
+from build import BUILD, ROOT
 from observe import end
-
-ROOT = pathlib.Path(__file__).resolve().parent.parent
-BUILD = ROOT / "build/release"
-
-
-def build_program():
-    """The program and its eye."""
-    for command in (["cmake", "--preset", "release", "-DQUORVANE_BENCH=ON"],
-                    ["cmake", "--build", "build/release", "--target", "quorvane", "eye"]):
-        built = subprocess.run(command, cwd=ROOT, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-        if built.returncode:
-            sys.exit(built.stdout)
 
 
 class Mouse:
